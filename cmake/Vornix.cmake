@@ -1,0 +1,60 @@
+# Build helpers shared by every module: one static library per module, tests beside it.
+
+set(VORNIX_WARNINGS -Wall -Wextra -Werror)
+
+if(VORNIX_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# vornix_module(NAME [SOURCES ...] [LIBS ...]): the module's library, target vornix_NAME
+# (an interface library while the module is headers only).
+function(vornix_module name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  if(NOT ARG_SOURCES)
+    add_library(vornix_${name} INTERFACE)
+    target_include_directories(vornix_${name} INTERFACE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(vornix_${name} INTERFACE ${ARG_LIBS})
+    return()
+  endif()
+  add_library(vornix_${name} STATIC ${ARG_SOURCES})
+  target_include_directories(vornix_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_compile_options(vornix_${name} PRIVATE ${VORNIX_WARNINGS})
+  target_link_libraries(vornix_${name} PUBLIC ${ARG_LIBS})
+endfunction()
+
+# vornix_test(NAME SOURCES ... [LIBS ...]): a GoogleTest executable whose cases CTest runs one by one.
+function(vornix_test name)
+  if(NOT VORNIX_TESTS)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_compile_options(${name} PRIVATE ${VORNIX_WARNINGS})
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+    PROPERTIES ENVIRONMENT "VORNIX_SOURCE_DIR=${PROJECT_SOURCE_DIR};VORNIX_BINARY_DIR=${PROJECT_BINARY_DIR}")
+endfunction()
+
+# vornix_benchmark(NAME SOURCES ... [LIBS ...]): a Google Benchmark executable (not run by CTest).
+function(vornix_benchmark name)
+  if(NOT VORNIX_BENCHMARKS)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_compile_options(${name} PRIVATE ${VORNIX_WARNINGS})
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS} benchmark::benchmark_main)
+endfunction()
+
+# vornix_fuzzer(NAME SOURCES ... [LIBS ...]): a libFuzzer target, built only in the fuzz preset.
+function(vornix_fuzzer name)
+  if(NOT VORNIX_FUZZERS)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_compile_options(${name} PRIVATE ${VORNIX_WARNINGS} -fsanitize=fuzzer)
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS})
+endfunction()
