@@ -35,12 +35,12 @@ public:
     // Inserts, or replaces the value of an existing key.
     void set(std::string key, Value value);
     const Value* find(std::string_view key) const;
-    bool contains(std::string_view key) const { return find(key) != nullptr; }
+    bool contains(std::string_view key) const;
 
-    std::size_t size() const { return entries_.size(); }
-    bool empty() const { return entries_.empty(); }
-    auto begin() const { return entries_.begin(); }
-    auto end() const { return entries_.end(); }
+    std::size_t size() const;
+    bool empty() const;
+    std::vector<Entry>::const_iterator begin() const;
+    std::vector<Entry>::const_iterator end() const;
 
     friend bool operator==(const Dictionary&, const Dictionary&);
 
@@ -84,6 +84,13 @@ public:
 private:
     std::variant<std::string, std::int64_t, double, bool, Date, Data, Array, Dictionary> storage_;
 };
+
+// Defined here, where Value is complete.
+inline bool Dictionary::contains(std::string_view key) const { return find(key) != nullptr; }
+inline std::size_t Dictionary::size() const { return entries_.size(); }
+inline bool Dictionary::empty() const { return entries_.empty(); }
+inline std::vector<Dictionary::Entry>::const_iterator Dictionary::begin() const { return entries_.begin(); }
+inline std::vector<Dictionary::Entry>::const_iterator Dictionary::end() const { return entries_.end(); }
 
 // The element name of a kind, as the XML format spells it ("string", "integer", "real",
 // "boolean", "date", "data", "array", "dict"): used in error descriptions.
