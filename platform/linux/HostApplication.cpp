@@ -1,0 +1,60 @@
+#include "platform/linux/HostApplication.hpp"
+
+#include <csignal>
+
+#include <glib-unix.h>
+
+namespace vornix::platform::linux {
+
+HostApplication::HostApplication(const std::string& applicationId, Handlers handlers)
+    : application_(gtk_application_new(applicationId.c_str(), G_APPLICATION_HANDLES_COMMAND_LINE)),
+      handlers_(std::move(handlers)) {
+    g_signal_connect(application_, "command-line", G_CALLBACK(onCommandLine), this);
+    g_signal_connect(application_, "shutdown", G_CALLBACK(onShutdown), this);
+}
+
+HostApplication::~HostApplication() {
+    for (const guint source : signalSources_) {
+        g_source_remove(source);
+    }
+    g_object_unref(application_);
+}
+
+int HostApplication::run(int argc, char** argv) { return g_application_run(G_APPLICATION(application_), argc, argv); }
+
+void HostApplication::quit() { g_application_quit(G_APPLICATION(application_)); }
+
+int HostApplication::onCommandLine(GApplication* application, GApplicationCommandLine* commandLine, gpointer self) {
+    auto& host = *static_cast<HostApplication*>(self);
+    int argc = 0;
+    gchar** argv = g_application_command_line_get_arguments(commandLine, &argc);
+    std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+    g_strfreev(argv);
+
+    if (host.launched_) {
+        host.handlers_.relaunched(arguments);
+        return 0;
+    }
+    host.launched_ = true;
+    // A background service: it keeps running with no window open.
+    g_application_hold(application);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        host.signalSources_.push_back(g_unix_signal_add(signal, onTerminationSignal, self));
+    }
+    host.handlers_.launched(arguments);
+    return 0;
+}
+
+gboolean HostApplication::onTerminationSignal(gpointer self) {
+    static_cast<HostApplication*>(self)->quit();
+    return G_SOURCE_CONTINUE;
+}
+
+void HostApplication::onShutdown(GApplication*, gpointer self) {
+    auto& host = *static_cast<HostApplication*>(self);
+    if (host.launched_ && host.handlers_.terminating) {
+        host.handlers_.terminating();
+    }
+}
+
+}  // namespace vornix::platform::linux

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <gtk/gtk.h>
+
+namespace vornix::platform::linux {
+
+// The host's GtkApplication: one instance per user session. The first launch becomes the
+// primary instance and runs until it is told to quit; later launches hand their command line to
+// it over D-Bus and exit. The process does not end when its last window closes (it holds the
+// application), only on quit() or a termination signal.
+class HostApplication {
+public:
+    struct Handlers {
+        // The primary instance has started (GTK is ready): build the host.
+        std::function<void(const std::vector<std::string>& arguments)> launched;
+        // A later launch handed over its arguments (without the program name).
+        std::function<void(const std::vector<std::string>& arguments)> relaunched;
+        // The application is ending: last words before the main loop stops.
+        std::function<void()> terminating;
+    };
+
+    HostApplication(const std::string& applicationId, Handlers handlers);
+    ~HostApplication();
+    HostApplication(const HostApplication&) = delete;
+    HostApplication& operator=(const HostApplication&) = delete;
+
+    // Runs the main loop (primary) or hands the arguments over (later launch); the exit status.
+    int run(int argc, char** argv);
+    void quit();
+
+    GtkApplication* gtkApplication() const { return application_; }
+
+private:
+    static int onCommandLine(GApplication* application, GApplicationCommandLine* commandLine, gpointer self);
+    static void onShutdown(GApplication* application, gpointer self);
+    static gboolean onTerminationSignal(gpointer self);
+
+    GtkApplication* application_;
+    Handlers handlers_;
+    bool launched_ = false;
+    std::vector<guint> signalSources_;
+};
+
+}  // namespace vornix::platform::linux

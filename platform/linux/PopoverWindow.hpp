@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+
+#include <gtk/gtk.h>
+
+namespace vornix::platform::linux {
+
+// A popover for a tray: an undecorated window that opens under a screen area, takes the
+// keyboard focus, and closes by itself when the user clicks anywhere else or presses Escape
+// (it holds a pointer and keyboard grab while shown, as menus do, so this also works without a
+// window manager).
+class PopoverWindow {
+public:
+    PopoverWindow();
+    ~PopoverWindow();
+    PopoverWindow(const PopoverWindow&) = delete;
+    PopoverWindow& operator=(const PopoverWindow&) = delete;
+
+    void setContent(GtkWidget* content);
+    void setContentSize(int width, int height);
+
+    // Opens under `anchor` (screen coordinates, top-left origin), centred on it and kept inside
+    // the work area of its monitor; above it when there is no room below.
+    void showRelativeTo(GdkRectangle anchor);
+    void close();
+    bool shown() const;
+    // Gives the popover's window the keyboard focus.
+    void focus();
+
+    GtkWidget* window() const { return window_; }
+
+private:
+    static gboolean onButtonPress(GtkWidget* widget, GdkEventButton* event, gpointer self);
+    static gboolean onKeyPress(GtkWidget* widget, GdkEventKey* event, gpointer self);
+    static gboolean onGrabBroken(GtkWidget* widget, GdkEvent* event, gpointer self);
+    static gboolean onMapped(GtkWidget* widget, GdkEvent* event, gpointer self);
+
+    void grab();
+    void ungrab();
+
+    GtkWidget* window_;
+    bool grabbed_ = false;
+};
+
+}  // namespace vornix::platform::linux

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <gdk/gdk.h>
+#include <gio/gio.h>
+#include <gtk/gtk.h>
+
+namespace vornix::platform::linux {
+
+// The host's icon in the system tray. Desktops with a StatusNotifierWatcher on the session bus
+// (KDE, GNOME with the AppIndicator extension, most panels today) get an
+// org.kde.StatusNotifierItem; desktops without one get an XEmbed tray icon, which the older
+// panels serve. Whichever is there, a click calls `onClick` with the screen area (top-left
+// origin) under which the popover belongs.
+class StatusNotifierItem {
+public:
+    using Click = std::function<void(GdkRectangle anchor)>;
+
+    struct Appearance {
+        std::string id;
+        std::string title;
+        std::string iconName;
+        std::string iconThemePath;
+        std::string iconFile;
+    };
+
+    StatusNotifierItem(Appearance appearance, Click onClick);
+    ~StatusNotifierItem();
+    StatusNotifierItem(const StatusNotifierItem&) = delete;
+    StatusNotifierItem& operator=(const StatusNotifierItem&) = delete;
+
+    // True once a watcher has accepted the item, or the XEmbed icon is in a tray.
+    bool ready() const;
+    // The name the item owns on the session bus, for hosts that look it up.
+    const std::string& busName() const { return busName_; }
+
+private:
+    static void onBusMethod(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* method,
+                            GVariant* parameters, GDBusMethodInvocation* invocation, gpointer self);
+    static GVariant* onBusProperty(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* property,
+                                   GError** error, gpointer self);
+    static void onNameAcquired(GDBusConnection*, const gchar*, gpointer self);
+    static void onWatcherAppeared(GDBusConnection*, const gchar*, const gchar*, gpointer self);
+    static void onWatcherVanished(GDBusConnection*, const gchar*, gpointer self);
+    static void onRegistered(GObject* connection, GAsyncResult* result, gpointer self);
+    static void onStatusIconActivated(GtkStatusIcon* icon, gpointer self);
+    static void onStatusIconMenu(GtkStatusIcon* icon, guint button, guint time, gpointer self);
+
+    void registerWithWatcher();
+    void showStatusIcon(bool shown);
+    GVariant* iconPixmaps() const;
+
+    Appearance appearance_;
+    Click onClick_;
+    std::string busName_;
+    GDBusConnection* bus_ = nullptr;
+    guint objectId_ = 0;
+    guint nameId_ = 0;
+    guint watcherId_ = 0;
+    bool nameOwned_ = false;
+    bool watcherPresent_ = false;
+    bool registered_ = false;
+    GCancellable* cancellable_ = nullptr;
+    GtkStatusIcon* statusIcon_ = nullptr;
+};
+
+}  // namespace vornix::platform::linux
