@@ -11,7 +11,7 @@ constexpr const char* itemInterface = "org.kde.StatusNotifierItem";
 constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
 
-constexpr const char* itemIntrospection = R"(
+constexpr const char* itemIntrospection = R"xml(
 <node>
   <interface name="org.kde.StatusNotifierItem">
     <property name="Category" type="s" access="read"/>
@@ -32,7 +32,7 @@ constexpr const char* itemIntrospection = R"(
     <signal name="NewIcon"/>
     <signal name="NewStatus"><arg name="status" type="s"/></signal>
   </interface>
-</node>)";
+</node>)xml";
 
 GDBusInterfaceInfo* itemInterfaceInfo() {
     static GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(itemIntrospection, nullptr);
@@ -41,8 +41,9 @@ GDBusInterfaceInfo* itemInterfaceInfo() {
 
 }  // namespace
 
-StatusNotifierItem::StatusNotifierItem(Appearance appearance, Click onClick)
-    : appearance_(std::move(appearance)),
+StatusNotifierItem::StatusNotifierItem(std::string id, std::string title, Click onClick)
+    : id_(std::move(id)),
+      title_(std::move(title)),
       onClick_(std::move(onClick)),
       busName_("org.kde.StatusNotifierItem-" + std::to_string(getpid()) + "-1"),
       cancellable_(g_cancellable_new()) {
@@ -75,6 +76,20 @@ StatusNotifierItem::~StatusNotifierItem() {
     g_clear_object(&statusIcon_);
 }
 
+void StatusNotifierItem::setIcon(const std::string& name, const std::string& themePath, const std::string& file) {
+    iconName_ = name;
+    iconThemePath_ = themePath;
+    iconFile_ = file;
+    if (bus_) {
+        g_dbus_connection_emit_signal(bus_, nullptr, itemPath, itemInterface, "NewIcon", nullptr, nullptr);
+    }
+    if (statusIcon_) {
+        G_GNUC_BEGIN_IGNORE_DEPRECATIONS
+        gtk_status_icon_set_from_file(statusIcon_, iconFile_.c_str());
+        G_GNUC_END_IGNORE_DEPRECATIONS
+    }
+}
+
 bool StatusNotifierItem::ready() const {
     G_GNUC_BEGIN_IGNORE_DEPRECATIONS
     return registered_ || (statusIcon_ && gtk_status_icon_is_embedded(statusIcon_));
@@ -103,10 +118,10 @@ GVariant* StatusNotifierItem::onBusProperty(GDBusConnection*, const gchar*, cons
         return g_variant_new_string("ApplicationStatus");
     }
     if (name == "Id") {
-        return g_variant_new_string(item.appearance_.id.c_str());
+        return g_variant_new_string(item.id_.c_str());
     }
     if (name == "Title") {
-        return g_variant_new_string(item.appearance_.title.c_str());
+        return g_variant_new_string(item.title_.c_str());
     }
     if (name == "Status") {
         return g_variant_new_string("Active");
@@ -115,10 +130,10 @@ GVariant* StatusNotifierItem::onBusProperty(GDBusConnection*, const gchar*, cons
         return g_variant_new_int32(0);
     }
     if (name == "IconThemePath") {
-        return g_variant_new_string(item.appearance_.iconThemePath.c_str());
+        return g_variant_new_string(item.iconThemePath_.c_str());
     }
     if (name == "IconName") {
-        return g_variant_new_string(item.appearance_.iconName.c_str());
+        return g_variant_new_string(item.iconName_.c_str());
     }
     if (name == "IconPixmap") {
         return item.iconPixmaps();
@@ -127,8 +142,8 @@ GVariant* StatusNotifierItem::onBusProperty(GDBusConnection*, const gchar*, cons
         return g_variant_new_boolean(FALSE);
     }
     if (name == "ToolTip") {
-        return g_variant_new("(s@a(iiay)ss)", item.appearance_.iconName.c_str(),
-                             g_variant_new_array(G_VARIANT_TYPE("(iiay)"), nullptr, 0), item.appearance_.title.c_str(),
+        return g_variant_new("(s@a(iiay)ss)", item.iconName_.c_str(),
+                             g_variant_new_array(G_VARIANT_TYPE("(iiay)"), nullptr, 0), item.title_.c_str(),
                              "");
     }
     return nullptr;
@@ -140,7 +155,7 @@ GVariant* StatusNotifierItem::iconPixmaps() const {
     GVariantBuilder pixmaps;
     g_variant_builder_init(&pixmaps, G_VARIANT_TYPE("a(iiay)"));
     for (const int size : {16, 22, 32, 48}) {
-        GdkPixbuf* image = gdk_pixbuf_new_from_file_at_size(appearance_.iconFile.c_str(), size, size, nullptr);
+        GdkPixbuf* image = gdk_pixbuf_new_from_file_at_size(iconFile_.c_str(), size, size, nullptr);
         if (!image) {
             continue;
         }
@@ -219,9 +234,10 @@ void StatusNotifierItem::showStatusIcon(bool shown) {
         return;
     }
     if (!statusIcon_) {
-        statusIcon_ = gtk_status_icon_new_from_file(appearance_.iconFile.c_str());
-        gtk_status_icon_set_title(statusIcon_, appearance_.title.c_str());
-        gtk_status_icon_set_tooltip_text(statusIcon_, appearance_.title.c_str());
+        statusIcon_ = gtk_status_icon_new();
+        gtk_status_icon_set_from_file(statusIcon_, iconFile_.c_str());
+        gtk_status_icon_set_title(statusIcon_, title_.c_str());
+        gtk_status_icon_set_tooltip_text(statusIcon_, title_.c_str());
         g_signal_connect(statusIcon_, "activate", G_CALLBACK(onStatusIconActivated), this);
         g_signal_connect(statusIcon_, "popup-menu", G_CALLBACK(onStatusIconMenu), this);
     }

@@ -18,21 +18,16 @@ class StatusNotifierItem {
 public:
     using Click = std::function<void(GdkRectangle anchor)>;
 
-    struct Appearance {
-        std::string id;
-        std::string title;
-        std::string iconName;
-        std::string iconThemePath;
-        std::string iconFile;
-    };
-
-    StatusNotifierItem(Appearance appearance, Click onClick);
+    StatusNotifierItem(std::string id, std::string title, Click onClick);
     ~StatusNotifierItem();
     StatusNotifierItem(const StatusNotifierItem&) = delete;
     StatusNotifierItem& operator=(const StatusNotifierItem&) = delete;
 
     // True once a watcher has accepted the item, or the XEmbed icon is in a tray.
     bool ready() const;
+    // Shows the icon in `file`, known to icon themes as `name` in `themePath`.
+    void setIcon(const std::string& name, const std::string& themePath, const std::string& file);
+
     // The name the item owns on the session bus, for hosts that look it up.
     const std::string& busName() const { return busName_; }
 
@@ -52,7 +47,11 @@ private:
     void showStatusIcon(bool shown);
     GVariant* iconPixmaps() const;
 
-    Appearance appearance_;
+    std::string id_;
+    std::string title_;
+    std::string iconName_;
+    std::string iconThemePath_;
+    std::string iconFile_;
     Click onClick_;
     std::string busName_;
     GDBusConnection* bus_ = nullptr;

@@ -10,19 +10,22 @@ namespace vornix::platform::linux {
 // keyboard focus, and closes by itself when the user clicks anywhere else or presses Escape
 // (it holds a pointer and keyboard grab while shown, as menus do, so this also works without a
 // window manager).
-class PopoverWindow {
+class PopupWindow {
 public:
-    PopoverWindow();
-    ~PopoverWindow();
-    PopoverWindow(const PopoverWindow&) = delete;
-    PopoverWindow& operator=(const PopoverWindow&) = delete;
+    PopupWindow();
+    ~PopupWindow();
+    PopupWindow(const PopupWindow&) = delete;
+    PopupWindow& operator=(const PopupWindow&) = delete;
 
     void setContent(GtkWidget* content);
+    // Whether a click elsewhere closes it (on by default).
+    void setTransient(bool transient) { transient_ = transient; }
     void setContentSize(int width, int height);
 
-    // Opens under `anchor` (screen coordinates, top-left origin), centred on it and kept inside
-    // the work area of its monitor; above it when there is no room below.
-    void showRelativeTo(GdkRectangle anchor);
+    // Opens below `anchor` (screen coordinates, top-left origin), or above it when `below` is
+    // false, centred on it and kept inside the work area of its monitor; on the other side when
+    // there is no room on the side preferred.
+    void showRelativeTo(GdkRectangle anchor, bool below = true);
     void close();
     bool shown() const;
     // Gives the popover's window the keyboard focus.
@@ -41,6 +44,7 @@ private:
 
     GtkWidget* window_;
     bool grabbed_ = false;
+    bool transient_ = true;
 };
 
 }  // namespace vornix::platform::linux

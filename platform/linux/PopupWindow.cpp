@@ -1,10 +1,10 @@
-#include "platform/linux/PopoverWindow.hpp"
+#include "platform/linux/PopupWindow.hpp"
 
 #include <algorithm>
 
 namespace vornix::platform::linux {
 
-PopoverWindow::PopoverWindow() : window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)) {
+PopupWindow::PopupWindow() : window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)) {
     g_object_ref_sink(window_);
     GtkWindow* window = GTK_WINDOW(window_);
     gtk_window_set_title(window, "Vornix OS");
@@ -24,22 +24,22 @@ PopoverWindow::PopoverWindow() : window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)) {
     g_signal_connect(window_, "delete-event", G_CALLBACK(gtk_widget_hide_on_delete), nullptr);
 }
 
-PopoverWindow::~PopoverWindow() {
+PopupWindow::~PopupWindow() {
     ungrab();
     gtk_widget_destroy(window_);
     g_object_unref(window_);
 }
 
-void PopoverWindow::setContent(GtkWidget* content) {
+void PopupWindow::setContent(GtkWidget* content) {
     if (GtkWidget* old = gtk_bin_get_child(GTK_BIN(window_))) {
         gtk_container_remove(GTK_CONTAINER(window_), old);
     }
     gtk_container_add(GTK_CONTAINER(window_), content);
 }
 
-void PopoverWindow::setContentSize(int width, int height) { gtk_window_set_default_size(GTK_WINDOW(window_), width, height); }
+void PopupWindow::setContentSize(int width, int height) { gtk_window_set_default_size(GTK_WINDOW(window_), width, height); }
 
-void PopoverWindow::showRelativeTo(GdkRectangle anchor) {
+void PopupWindow::showRelativeTo(GdkRectangle anchor, bool below) {
     gtk_widget_realize(window_);
     int width = 0;
     int height = 0;
@@ -55,37 +55,38 @@ void PopoverWindow::showRelativeTo(GdkRectangle anchor) {
     GdkRectangle area{};
     gdk_monitor_get_workarea(monitor, &area);
     int x = anchor.x + anchor.width / 2 - width / 2;
-    int y = anchor.y + anchor.height;
-    if (y + height > area.y + area.height && anchor.y - height >= area.y) {
-        y = anchor.y - height;
-    }
+    const int under = anchor.y + anchor.height;
+    const int over = anchor.y - height;
+    const bool roomUnder = under + height <= area.y + area.height;
+    const bool roomOver = over >= area.y;
+    int y = (below ? roomUnder || !roomOver : !roomOver && roomUnder) ? under : over;
     x = std::clamp(x, area.x, std::max(area.x, area.x + area.width - width));
     y = std::clamp(y, area.y, std::max(area.y, area.y + area.height - height));
     gtk_window_move(GTK_WINDOW(window_), x, y);
     gtk_widget_show(window_);
 }
 
-void PopoverWindow::close() {
+void PopupWindow::close() {
     ungrab();
     gtk_widget_hide(window_);
 }
 
-bool PopoverWindow::shown() const { return gtk_widget_get_visible(window_); }
+bool PopupWindow::shown() const { return gtk_widget_get_visible(window_); }
 
-void PopoverWindow::focus() {
+void PopupWindow::focus() {
     gtk_window_present(GTK_WINDOW(window_));
     if (gtk_widget_get_mapped(window_)) {
         grab();
     }
 }
 
-gboolean PopoverWindow::onMapped(GtkWidget*, GdkEvent*, gpointer self) {
-    static_cast<PopoverWindow*>(self)->grab();
+gboolean PopupWindow::onMapped(GtkWidget*, GdkEvent*, gpointer self) {
+    static_cast<PopupWindow*>(self)->grab();
     return FALSE;
 }
 
-void PopoverWindow::grab() {
-    if (grabbed_) {
+void PopupWindow::grab() {
+    if (grabbed_ || !transient_) {
         return;
     }
     GdkWindow* surface = gtk_widget_get_window(window_);
@@ -97,7 +98,7 @@ void PopoverWindow::grab() {
     }
 }
 
-void PopoverWindow::ungrab() {
+void PopupWindow::ungrab() {
     if (!grabbed_) {
         return;
     }
@@ -106,7 +107,7 @@ void PopoverWindow::ungrab() {
     gdk_seat_ungrab(gdk_display_get_default_seat(gtk_widget_get_display(window_)));
 }
 
-gboolean PopoverWindow::onButtonPress(GtkWidget* widget, GdkEventButton* event, gpointer self) {
+gboolean PopupWindow::onButtonPress(GtkWidget* widget, GdkEventButton* event, gpointer self) {
     // With the grab held, presses anywhere on the screen arrive here; those outside close.
     const int width = gtk_widget_get_allocated_width(widget);
     const int height = gtk_widget_get_allocated_height(widget);
@@ -116,22 +117,22 @@ gboolean PopoverWindow::onButtonPress(GtkWidget* widget, GdkEventButton* event, 
     const double localX = event->x_root - x;
     const double localY = event->y_root - y;
     if (localX < 0 || localY < 0 || localX >= width || localY >= height) {
-        static_cast<PopoverWindow*>(self)->close();
+        static_cast<PopupWindow*>(self)->close();
         return TRUE;
     }
     return FALSE;
 }
 
-gboolean PopoverWindow::onKeyPress(GtkWidget*, GdkEventKey* event, gpointer self) {
+gboolean PopupWindow::onKeyPress(GtkWidget*, GdkEventKey* event, gpointer self) {
     if (event->keyval == GDK_KEY_Escape) {
-        static_cast<PopoverWindow*>(self)->close();
+        static_cast<PopupWindow*>(self)->close();
         return TRUE;
     }
     return FALSE;
 }
 
-gboolean PopoverWindow::onGrabBroken(GtkWidget*, GdkEvent*, gpointer self) {
-    static_cast<PopoverWindow*>(self)->close();
+gboolean PopupWindow::onGrabBroken(GtkWidget*, GdkEvent*, gpointer self) {
+    static_cast<PopupWindow*>(self)->close();
     return FALSE;
 }
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "platform/StatusBar.hpp"
+#include "platform/linux/StatusNotifierItem.hpp"
+
+namespace vornix::platform::linux {
+
+// The status item's button in the tray. Its bounds are the icon's size; where it is on the
+// screen is only known when it is clicked, so it keeps the last click's area for the popover.
+class TrayButton : public StatusBarButton {
+public:
+    TrayButton();
+
+    void setImage(std::string_view imageName) override;
+    void setAction(Action action) override;
+    Rect bounds() const override;
+
+    // The screen area (top-left origin) of the click being handled, or of the last one.
+    std::optional<GdkRectangle> screenArea() const { return screenArea_; }
+    // Runs the button's action as a click over `area` would.
+    void click(std::optional<GdkRectangle> area);
+
+private:
+    StatusNotifierItem item_;
+    Action action_;
+    std::optional<GdkRectangle> screenArea_;
+};
+
+class TrayStatusItem : public StatusItem {
+public:
+    StatusBarButton* button() override { return &button_; }
+    TrayButton& trayButton() { return button_; }
+
+private:
+    TrayButton button_;
+};
+
+// The system tray as a status bar: it holds one item, the host's.
+class TrayStatusBar : public StatusBar {
+public:
+    std::shared_ptr<StatusItem> statusItem(double length) override;
+
+    // The item made last, while it lives (a launch with no tray click toggles through it).
+    std::shared_ptr<TrayStatusItem> item() const { return item_.lock(); }
+
+private:
+    std::weak_ptr<TrayStatusItem> item_;
+};
+
+}  // namespace vornix::platform::linux
