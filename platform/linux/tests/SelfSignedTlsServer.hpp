@@ -1,0 +1,28 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+namespace vornix::platform::linux::testing {
+
+// An HTTPS server on 127.0.0.1 whose certificate nobody signed: a python3 child serving one fixed
+// body, with a key and certificate made by openssl in a temporary folder. Stops with the object.
+class SelfSignedTlsServer {
+public:
+    SelfSignedTlsServer();
+    ~SelfSignedTlsServer();
+    SelfSignedTlsServer(const SelfSignedTlsServer&) = delete;
+    SelfSignedTlsServer& operator=(const SelfSignedTlsServer&) = delete;
+
+    std::string url() const { return "https://127.0.0.1:" + std::to_string(port_) + "/appcast.xml"; }
+
+private:
+    std::filesystem::path folder_;
+    pid_t child_ = -1;
+    std::uint16_t port_ = 0;
+};
+
+}  // namespace vornix::platform::linux::testing

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string_view>
+
+namespace vornix::updates {
+
+// How a feed address may be fetched. The feed decides what the host offers to install, so it
+// comes over HTTPS; plain HTTP is accepted only from this machine (the tests' local servers).
+enum class FeedTransport {
+    https,
+    loopbackHttp,
+    refused,
+};
+
+FeedTransport feedTransport(std::string_view url);
+
+// "localhost", an address in 127.0.0.0/8 written as four decimal numbers, or "[::1]".
+bool isLoopbackHost(std::string_view host);
+
+}  // namespace vornix::updates
