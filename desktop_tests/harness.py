@@ -1,0 +1,215 @@
+"""A private desktop for one test: a virtual X display (Xvfb), a private D-Bus session bus (the
+accessibility bus is started on it on demand), a temporary home, and the host started in a
+private mount namespace where /bin/launchctl is a stand-in that records its arguments."""
+
+import os
+import select
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+
+class SetupError(Exception):
+    """The machine cannot give the test what it needs (say, no mount namespaces)."""
+
+
+def wait_until(condition, timeout=20.0, what='a condition', interval=0.05):
+    """Polls `condition` until it returns something true, which it returns; fails after `timeout`."""
+    deadline = time.monotonic() + timeout
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise AssertionError(f'timed out after {timeout:.0f} s waiting for {what}')
+        time.sleep(interval)
+
+
+def _read_line_from(fd, timeout, what):
+    deadline = time.monotonic() + timeout
+    data = b''
+    while not data.endswith(b'\n'):
+        left = deadline - time.monotonic()
+        if left <= 0 or not select.select([fd], [], [], left)[0]:
+            raise SetupError(f'{what} did not start in {timeout:.0f} s')
+        chunk = os.read(fd, 256)
+        if not chunk:
+            raise SetupError(f'{what} exited while starting')
+        data += chunk
+    return data.decode().strip()
+
+
+STANDIN_LAUNCHCTL = """#!/bin/sh
+# Stand-in for the job-manager tool in the desktop tests: records its arguments, one call a line.
+printf '%s\\n' "$*" >> '{log}'
+"""
+
+# Runs the rest of the command line in a private mount namespace in which /usr/bin (and so
+# /bin, its alias on merged-/usr systems) shows one more file, the stand-in launchctl, over
+# the real folder. Nothing outside the namespace changes.
+IN_NAMESPACE = (
+    'mount -t tmpfs vornix-test-tools "$1" && mkdir "$1/upper" "$1/work" '
+    '&& cp "$2" "$1/upper/launchctl" && chmod 755 "$1/upper/launchctl" '
+    '&& mount -t overlay vornix-test-tools -o "lowerdir=/usr/bin,upperdir=$1/upper,workdir=$1/work" /usr/bin '
+    '&& shift 2 && exec "$@"'
+)
+
+
+class Desktop:
+    def __init__(self, name, artifacts):
+        self.name = name
+        self.artifacts = artifacts
+        os.makedirs(artifacts, exist_ok=True)
+        self.root = tempfile.mkdtemp(prefix=f'vornix-desktop-{name}-')
+        self.home = os.path.join(self.root, 'home')
+        self.runtime = os.path.join(self.root, 'runtime')
+        os.makedirs(self.home)
+        os.makedirs(self.runtime, mode=0o700)
+        self.launchctl_log = os.path.join(self.root, 'launchctl.log')
+        self.engine_socket = os.path.join(self.runtime, 'engine.sock')
+        self.processes = []
+        self.host = None
+        self.host_output = os.path.join(self.root, 'host.out')
+        self.env = {}
+
+    # -- the session ---------------------------------------------------------------------------
+
+    def start(self):
+        base = {
+            'PATH': '/usr/local/bin:/usr/bin:/bin',
+            'HOME': self.home,
+            'XDG_RUNTIME_DIR': self.runtime,
+            'XDG_CONFIG_HOME': os.path.join(self.home, '.config'),
+            'XDG_DATA_HOME': os.path.join(self.home, '.local', 'share'),
+            'XDG_CACHE_HOME': os.path.join(self.home, '.cache'),
+            'LANG': 'C.UTF-8',
+            'GSETTINGS_BACKEND': 'memory',
+            'GTK_THEME': 'Adwaita',
+        }
+        for keep in ('ASAN_OPTIONS', 'UBSAN_OPTIONS', 'LSAN_OPTIONS'):
+            if keep in os.environ:
+                base[keep] = os.environ[keep]
+        self.env = dict(base)
+
+        read_end, write_end = os.pipe()
+        self._spawn(['Xvfb', '-displayfd', str(write_end), '-screen', '0', '1280x800x24', '-nolisten', 'tcp',
+                     '-noreset'], pass_fds=[write_end], log='xvfb')
+        os.close(write_end)
+        display = _read_line_from(read_end, 20, 'Xvfb')
+        os.close(read_end)
+        self.env['DISPLAY'] = ':' + display
+
+        read_end, write_end = os.pipe()
+        self._spawn(['dbus-daemon', '--session', '--nofork', f'--print-address={write_end}'], pass_fds=[write_end],
+                    log='dbus')
+        os.close(write_end)
+        self.env['DBUS_SESSION_BUS_ADDRESS'] = _read_line_from(read_end, 20, 'the D-Bus session bus')
+        os.close(read_end)
+        # The test itself talks to this desktop: accessibility, D-Bus, screenshots, input.
+        os.environ.update(self.env)
+        return self
+
+    def _spawn(self, argv, log, pass_fds=(), env=None):
+        out = open(os.path.join(self.root, f'{log}.log'), 'ab')
+        process = subprocess.Popen(argv, stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.STDOUT,
+                                   env=env or self.env, pass_fds=pass_fds, start_new_session=True)
+        self.processes.append(process)
+        return process
+
+    def stop(self):
+        if self.host and self.host.poll() is None:
+            self.stop_host()
+        for process in reversed(self.processes):
+            if process.poll() is None:
+                process.terminate()
+                try:
+                    process.wait(5)
+                except subprocess.TimeoutExpired:
+                    process.kill()
+                    process.wait()
+        # Keep what the processes said next to the screenshots.
+        for log in os.listdir(self.root):
+            if log.endswith('.log') or log.endswith('.out'):
+                shutil.copy(os.path.join(self.root, log), os.path.join(self.artifacts, f'{self.name}-{log}'))
+        shutil.rmtree(self.root, ignore_errors=True)
+
+    # -- the host ------------------------------------------------------------------------------
+
+    def write_standin(self):
+        path = os.path.join(self.root, 'launchctl-standin')
+        with open(path, 'w') as standin:
+            standin.write(STANDIN_LAUNCHCTL.format(log=self.launchctl_log))
+        os.chmod(path, 0o755)
+        return path
+
+    def start_host(self, host, extra=(), engine=True):
+        """Starts the host under test in its private mount namespace."""
+        if os.geteuid() != 0 or not shutil.which('unshare'):
+            raise SetupError('the stand-in job-manager tool needs root and unshare(1) for a private mount namespace')
+        mounts = os.path.join(self.root, 'mounts')
+        os.makedirs(mounts)
+        argv = [host] + (['--engine-socket', self.engine_socket] if engine else []) + list(extra)
+        command = ['unshare', '--mount', '--propagation', 'private', '--', '/bin/sh', '-c', IN_NAMESPACE, 'sh',
+                   mounts, self.write_standin()] + argv
+        out = open(self.host_output, 'ab')
+        self.host = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.STDOUT,
+                                     env=self.env)
+        return self.host
+
+    def launch_again(self, host, arguments=(), timeout=20):
+        """A second launch of the host, as a person starting it again or opening a URL; returns its exit status."""
+        result = subprocess.run([host] + list(arguments), stdin=subprocess.DEVNULL, capture_output=True,
+                                env=self.env, timeout=timeout)
+        with open(os.path.join(self.root, 'second-launch.out'), 'ab') as out:
+            out.write(result.stdout + result.stderr)
+        return result.returncode
+
+    def host_lines(self):
+        with open(self.host_output, 'rb') as out:
+            return out.read().decode('utf-8', 'replace').splitlines()
+
+    def wait_for_host_line(self, line, timeout=20):
+        wait_until(lambda: line in self.host_lines(), timeout, f'the host to print "{line}"')
+
+    def stop_host(self, timeout=10):
+        self.host.send_signal(signal.SIGTERM)
+        try:
+            return self.host.wait(timeout)
+        except subprocess.TimeoutExpired:
+            self.host.kill()
+            self.host.wait()
+            raise AssertionError('the host did not end on SIGTERM')
+
+    def launchctl_calls(self):
+        try:
+            with open(self.launchctl_log) as log:
+                return log.read().splitlines()
+        except FileNotFoundError:
+            return []
+
+    # -- a person's hands and eyes --------------------------------------------------------------
+
+    def click(self, x, y):
+        subprocess.run(['xdotool', 'mousemove', '--sync', str(int(x)), str(int(y)), 'click', '1'], check=True,
+                       env=self.env, timeout=20)
+
+    def move_pointer(self, x, y):
+        subprocess.run(['xdotool', 'mousemove', '--sync', str(int(x)), str(int(y))], check=True, env=self.env,
+                       timeout=20)
+
+    def press_key(self, key):
+        subprocess.run(['xdotool', 'key', key], check=True, env=self.env, timeout=20)
+
+    def screenshot(self, label):
+        """Saves the whole screen as <artifacts>/<test>-<label>.png and returns the path."""
+        import gi
+        gi.require_version('Gdk', '3.0')
+        from gi.repository import Gdk
+        Gdk.init([])
+        root = Gdk.get_default_root_window()
+        image = Gdk.pixbuf_get_from_window(root, 0, 0, root.get_width(), root.get_height())
+        path = os.path.join(self.artifacts, f'{self.name}-{label}.png')
+        image.savev(path, 'png', [], [])
+        return path
