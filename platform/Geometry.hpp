@@ -2,22 +2,29 @@
 
 namespace vornix::platform {
 
-// Points in the platform's own coordinates (on macOS: origin at the bottom left of the main screen).
+// Screen geometry in AppKit's terms: points, origin at the bottom left of the main screen,
+// y growing upwards. Backends whose toolkit counts from the top convert at their edge.
 struct Point {
-    double x = 0.0;
-    double y = 0.0;
+    double x = 0;
+    double y = 0;
+
     friend bool operator==(const Point&, const Point&) = default;
 };
 
 struct Size {
-    double width = 0.0;
-    double height = 0.0;
+    double width = 0;
+    double height = 0;
+
     friend bool operator==(const Size&, const Size&) = default;
 };
 
+// A rectangle as AppKit gives it: the bottom-left corner and the size.
 struct Rect {
-    Point origin;
-    Size size;
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+
     friend bool operator==(const Rect&, const Rect&) = default;
 };
 

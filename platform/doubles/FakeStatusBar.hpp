@@ -29,7 +29,7 @@ private:
     EventLog* log_;
     std::optional<std::string> imageName_;
     Action action_;
-    Rect bounds_{{0.0, 0.0}, {24.0, 22.0}};
+    Rect bounds_{0.0, 0.0, 24.0, 22.0};
 };
 
 class FakeStatusItem : public StatusItem {

@@ -43,8 +43,8 @@ void TrayPopover::show(Rect relativeTo, StatusBarButton& of, RectEdge preferredE
     GdkRectangle anchor = button->screenArea().value_or(trayCorner());
     // A tray that reports only the point clicked gets the button's size around that point.
     if (anchor.width <= 1 && anchor.height <= 1) {
-        const int width = static_cast<int>(std::lround(relativeTo.size.width));
-        const int height = static_cast<int>(std::lround(relativeTo.size.height));
+        const int width = static_cast<int>(std::lround(relativeTo.width));
+        const int height = static_cast<int>(std::lround(relativeTo.height));
         anchor = {anchor.x - width / 2, anchor.y - height / 2, width, height};
     }
     // AppKit's minimum-y edge is the bottom one: below the button.

@@ -21,7 +21,7 @@ void TrayButton::setImage(std::string_view imageName) {
 
 void TrayButton::setAction(Action action) { action_ = std::move(action); }
 
-Rect TrayButton::bounds() const { return {{0.0, 0.0}, {iconSize, iconSize}}; }
+Rect TrayButton::bounds() const { return {0.0, 0.0, iconSize, iconSize}; }
 
 void TrayButton::click(std::optional<GdkRectangle> area) {
     screenArea_ = area;

@@ -13,7 +13,7 @@ TEST(FakePopover, GetsAWindowOnlyWhileShown) {
     auto popover = popovers.makePopover();
     FakeStatusBarButton button(nullptr);
     EXPECT_EQ(popover->contentWindow(), nullptr);
-    popover->show({{0, 0}, {24, 22}}, button, RectEdge::minY);
+    popover->show({0, 0, 24, 22}, button, RectEdge::minY);
     ASSERT_NE(popover->contentWindow(), nullptr);
     popover->performClose();
     EXPECT_EQ(popover->contentWindow(), nullptr);
