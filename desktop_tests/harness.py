@@ -2,6 +2,7 @@
 accessibility bus is started on it on demand), a temporary home, and the host started in a
 private mount namespace where /bin/launchctl is a stand-in that records its arguments."""
 
+import ctypes
 import os
 import select
 import shutil
@@ -9,6 +10,15 @@ import signal
 import subprocess
 import tempfile
 import time
+
+
+_PR_SET_PDEATHSIG = 1
+
+
+def _die_with_test():
+    """Runs in each child before exec: the child gets SIGTERM when the test process ends,
+    however it ends (a CTest time-out included), so that no display or bus outlives a test."""
+    ctypes.CDLL(None, use_errno=True).prctl(_PR_SET_PDEATHSIG, signal.SIGTERM)
 
 
 class SetupError(Exception):
@@ -114,7 +124,8 @@ class Desktop:
     def _spawn(self, argv, log, pass_fds=(), env=None):
         out = open(os.path.join(self.root, f'{log}.log'), 'ab')
         process = subprocess.Popen(argv, stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.STDOUT,
-                                   env=env or self.env, pass_fds=pass_fds, start_new_session=True)
+                                   env=env or self.env, pass_fds=pass_fds, start_new_session=True,
+                                   preexec_fn=_die_with_test)
         self.processes.append(process)
         return process
 
@@ -123,7 +134,8 @@ class Desktop:
             self.stop_host()
         for process in reversed(self.processes):
             if process.poll() is None:
-                process.terminate()
+                # The whole group: the bus's activated services (the accessibility bus) too.
+                os.killpg(process.pid, signal.SIGTERM)
                 try:
                     process.wait(5)
                 except subprocess.TimeoutExpired:
@@ -155,7 +167,7 @@ class Desktop:
                    mounts, self.write_standin()] + argv
         out = open(self.host_output, 'ab')
         self.host = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.STDOUT,
-                                     env=self.env)
+                                     env=self.env, preexec_fn=_die_with_test)
         return self.host
 
     def launch_again(self, host, arguments=(), timeout=20):
