@@ -2,10 +2,15 @@
 
 #include <array>
 
+#include "tool/PermissionsCommand.hpp"
+
 namespace vornix::tool {
 
 std::span<const Command> commands() {
-    static const std::array<Command, 0> table{};
+    static const std::array table{
+        Command{"permissions", "permissions MODE | permissions --umask MASK   the forms of a file mode or umask",
+                runPermissions},
+    };
     return table;
 }
 
