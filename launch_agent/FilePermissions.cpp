@@ -41,7 +41,8 @@ std::array<std::int64_t, 3> permissionDigits(std::int64_t modeOrMask) {
     std::array<std::int64_t, 3> digits{};
     for (std::size_t offset = 0; offset < digits.size(); ++offset) {
         const std::string_view character = characterAt(text, static_cast<std::int64_t>(offset));
-        const auto [end, error] = std::from_chars(character.data(), character.data() + character.size(), digits[offset]);
+        const auto [end, error] =
+            std::from_chars(character.data(), character.data() + character.size(), digits[offset]);
         if (error != std::errc() || end != character.data() + character.size()) {
             base::fatalError("cannot read the permission digit \"" + std::string(character) + "\" of \"" + text +
                              "\" (from " + std::to_string(modeOrMask) + ")");

@@ -24,7 +24,9 @@ std::string PermissionBits::description() const {
     return text;
 }
 
-PermissionBits PermissionBits::unionWith(PermissionBits other) const { return PermissionBits(rawValue_ | other.rawValue_); }
+PermissionBits PermissionBits::unionWith(PermissionBits other) const {
+    return PermissionBits(rawValue_ | other.rawValue_);
+}
 
 PermissionBits PermissionBits::intersection(PermissionBits other) const {
     return PermissionBits(rawValue_ & other.rawValue_);

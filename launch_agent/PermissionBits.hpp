@@ -6,6 +6,8 @@
 #include <string>
 #include <utility>
 
+#include "plist/KeyedCoding.hpp"
+
 namespace vornix::launch_agent {
 
 // One permission triple of a POSIX file mode (read 4, write 2, execute 1) as an option set
@@ -66,3 +68,12 @@ inline constexpr PermissionBits PermissionBits::write{2};
 inline constexpr PermissionBits PermissionBits::execute{1};
 
 }  // namespace vornix::launch_agent
+
+// Permission bits are written and read as their bare raw value.
+template <>
+struct vornix::plist::Coding<vornix::launch_agent::PermissionBits> {
+    static Value encode(vornix::launch_agent::PermissionBits bits, const CodingPath&) { return bits.rawValue(); }
+    static vornix::launch_agent::PermissionBits decode(const Value& value, const CodingPath& path) {
+        return vornix::launch_agent::PermissionBits(Coding<std::int64_t>::decode(value, path));
+    }
+};

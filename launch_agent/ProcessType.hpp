@@ -1,11 +1,14 @@
 #pragma once
 
-#include <optional>
 #include <string_view>
+#include <utility>
+
+#include "launch_agent/RawValue.hpp"
 
 namespace vornix::launch_agent {
 
-// The "ProcessType" of a job, written as its text value. Compared and hashed by value.
+// The "ProcessType" of a job, written as its text value, matched exactly and case-sensitively.
+// Compared and hashed by value.
 enum class ProcessType {
     standard,
     background,
@@ -13,9 +16,15 @@ enum class ProcessType {
     interactive,
 };
 
-// The process type whose text is exactly `rawValue` ("Standard", "Background", "Adaptive",
-// "Interactive", case-sensitive); nothing for any other text.
-std::optional<ProcessType> processTypeFromRawValue(std::string_view rawValue);
-std::string_view rawValue(ProcessType type);
-
 }  // namespace vornix::launch_agent
+
+template <>
+struct vornix::plist::RawValues<vornix::launch_agent::ProcessType> {
+    using ProcessType = vornix::launch_agent::ProcessType;
+    static constexpr std::pair<ProcessType, std::string_view> table[] = {
+        {ProcessType::standard, "Standard"},
+        {ProcessType::background, "Background"},
+        {ProcessType::adaptive, "Adaptive"},
+        {ProcessType::interactive, "Interactive"},
+    };
+};

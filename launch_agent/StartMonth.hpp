@@ -1,28 +1,36 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <utility>
+
+#include "launch_agent/RawValue.hpp"
 
 namespace vornix::launch_agent {
 
 // The "Month" of a calendar start time, written as its integer value.
-enum class StartMonth : std::int64_t {
-    january = 1,
-    february = 2,
-    march = 3,
-    april = 4,
-    may = 5,
-    june = 6,
-    july = 7,
-    august = 8,
-    september = 9,
-    october = 10,
-    november = 11,
-    december = 12,
+enum class StartMonth {
+    january,
+    february,
+    march,
+    april,
+    may,
+    june,
+    july,
+    august,
+    september,
+    october,
+    november,
+    december,
 };
 
-// The month for 1...12; nothing for any other value (no nearest month is chosen).
-std::optional<StartMonth> startMonthFromRawValue(std::int64_t rawValue);
-std::int64_t rawValue(StartMonth month);
-
 }  // namespace vornix::launch_agent
+
+template <>
+struct vornix::plist::RawValues<vornix::launch_agent::StartMonth> {
+    using StartMonth = vornix::launch_agent::StartMonth;
+    static constexpr std::pair<StartMonth, std::int64_t> table[] = {
+        {StartMonth::january, 1},   {StartMonth::february, 2}, {StartMonth::march, 3},     {StartMonth::april, 4},
+        {StartMonth::may, 5},       {StartMonth::june, 6},     {StartMonth::july, 7},      {StartMonth::august, 8},
+        {StartMonth::september, 9}, {StartMonth::october, 10}, {StartMonth::november, 11}, {StartMonth::december, 12},
+    };
+};

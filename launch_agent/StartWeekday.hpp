@@ -1,24 +1,32 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <utility>
+
+#include "launch_agent/RawValue.hpp"
 
 namespace vornix::launch_agent {
 
 // The "Weekday" of a calendar start time, written as its integer value. The week starts on
 // Monday and Sunday is 7: there is no day 0.
-enum class StartWeekday : std::int64_t {
-    monday = 1,
-    tuesday = 2,
-    wednesday = 3,
-    thursday = 4,
-    friday = 5,
-    saturday = 6,
-    sunday = 7,
+enum class StartWeekday {
+    monday,
+    tuesday,
+    wednesday,
+    thursday,
+    friday,
+    saturday,
+    sunday,
 };
 
-// The weekday for 1...7; nothing for any other value, 0 included.
-std::optional<StartWeekday> startWeekdayFromRawValue(std::int64_t rawValue);
-std::int64_t rawValue(StartWeekday weekday);
-
 }  // namespace vornix::launch_agent
+
+template <>
+struct vornix::plist::RawValues<vornix::launch_agent::StartWeekday> {
+    using StartWeekday = vornix::launch_agent::StartWeekday;
+    static constexpr std::pair<StartWeekday, std::int64_t> table[] = {
+        {StartWeekday::monday, 1},   {StartWeekday::tuesday, 2}, {StartWeekday::wednesday, 3},
+        {StartWeekday::thursday, 4}, {StartWeekday::friday, 5},  {StartWeekday::saturday, 6},
+        {StartWeekday::sunday, 7},
+    };
+};

@@ -63,7 +63,8 @@ int runPermissions(const Invocation& invocation) {
                        << "' is not a 64-bit integer (decimal, or octal with a leading 0o)\n";
         return 1;
     }
-    const FilePermissions permissions = fromUmask ? FilePermissions::fromUmask(*number) : FilePermissions::fromMode(*number);
+    const FilePermissions permissions =
+        fromUmask ? FilePermissions::fromUmask(*number) : FilePermissions::fromMode(*number);
     invocation.out << permissions.octal() << '\n'
                    << permissions.decimal() << '\n'
                    << permissions.symbolic() << '\n'
