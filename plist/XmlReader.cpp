@@ -210,7 +210,8 @@ private:
             return;
         }
         if (element == Element::array || element == Element::dict) {
-            if (frames_.size() >= maximumDepth) {
+            const bool wrapped = !frames_.empty() && frames_.front().element == Element::plist;
+            if (frames_.size() - (wrapped ? 1 : 0) >= maximumDepth) {
                 fail("containers nested deeper than " + std::to_string(maximumDepth) + " levels");
                 return;
             }
