@@ -2,10 +2,17 @@
 
 #include <array>
 
+#include "tool/PermissionsCommand.hpp"
+#include "tool/PlistCommand.hpp"
+
 namespace vornix::tool {
 
 std::span<const Command> commands() {
-    static const std::array<Command, 0> table{};
+    static const std::array table{
+        Command{"plist", "plist lint FILE... | json FILE | xml FILE | from-json FILE", &runPlistCommand},
+        Command{"permissions", "permissions MODE | permissions --umask MASK   the forms of a file mode or umask",
+                runPermissions},
+    };
     return table;
 }
 
