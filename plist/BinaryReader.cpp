@@ -279,7 +279,7 @@ private:
             Value key = object(referenceAt(keyAt), depth + 1);
             std::string* text = key.get<std::string>();
             if (text == nullptr) {
-                fail(keyAt, "a dictionary key is a " + std::string(kindName(key.kind())) + ", not a string");
+                fail(keyAt, "a dictionary key is not a string but " + std::string(kindName(key.kind())));
             }
             entries.emplace_back(std::move(*text), object(referenceAt(start + (count + index) * referenceSize_), depth + 1));
         }

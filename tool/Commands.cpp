@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "tool/AgentCommand.hpp"
 #include "tool/PermissionsCommand.hpp"
 #include "tool/PlistCommand.hpp"
 
@@ -10,8 +11,8 @@ namespace vornix::tool {
 std::span<const Command> commands() {
     static const std::array table{
         Command{"plist", "plist lint FILE... | json FILE | xml FILE | from-json FILE", &runPlistCommand},
-        Command{"permissions", "permissions MODE | permissions --umask MASK   the forms of a file mode or umask",
-                runPermissions},
+        Command{"agent", "agent FILE", runAgent},
+        Command{"permissions", "permissions MODE | permissions --umask MASK", runPermissions},
     };
     return table;
 }

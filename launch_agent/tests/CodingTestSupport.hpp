@@ -41,4 +41,16 @@ plist::DecodingError::Kind decodingFailure(plist::Dictionary entries, plist::Cod
     return plist::DecodingError::Kind::dataCorrupted;
 }
 
+// The coding path at which encoding `record` fails; an encode that succeeds fails the test.
+template <class Record>
+plist::CodingPath encodingFailurePath(const Record& record) {
+    try {
+        encoded(record);
+    } catch (const plist::EncodingError& error) {
+        return error.codingPath();
+    }
+    ADD_FAILURE() << "the encode succeeded";
+    return {};
+}
+
 }  // namespace vornix::launch_agent::testing
