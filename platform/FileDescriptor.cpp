@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -44,6 +45,23 @@ Pipe makePipe() {
     ::fcntl(ends[1], F_SETFD, FD_CLOEXEC);
 #endif
     return Pipe{FileDescriptor(ends[0]), FileDescriptor(ends[1])};
+}
+
+std::string readToEnd(const FileDescriptor& source, std::error_code& error) {
+    error.clear();
+    std::string bytes;
+    std::array<char, 64 * 1024> buffer;
+    for (;;) {
+        const ssize_t count = ::read(source.get(), buffer.data(), buffer.size());
+        if (count > 0) {
+            bytes.append(buffer.data(), static_cast<std::size_t>(count));
+        } else if (count == 0) {
+            return bytes;
+        } else if (errno != EINTR) {
+            error = std::error_code(errno, std::generic_category());
+            return bytes;
+        }
+    }
 }
 
 }  // namespace vornix::platform

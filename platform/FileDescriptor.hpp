@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <system_error>
+
 namespace vornix::platform {
 
 // Sole owner of an open file descriptor, closed when the owner goes; -1 owns nothing.
@@ -27,5 +30,9 @@ struct Pipe {
 
 // Throws std::system_error when the system has no descriptor left.
 Pipe makePipe();
+
+// Every byte from `source` up to the end of its stream (retrying reads a signal interrupts).
+// On a failed read `error` holds the system's error and the bytes read so far are returned.
+std::string readToEnd(const FileDescriptor& source, std::error_code& error);
 
 }  // namespace vornix::platform

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <system_error>
 
@@ -34,18 +33,12 @@ FileDescriptor openOrFail(const std::filesystem::path& path, int flags, const ch
 
 std::string readWholeFile(const std::filesystem::path& path) {
     const FileDescriptor file = openOrFail(path, O_RDONLY, "cannot read file");
-    std::string bytes;
-    std::array<char, 16 * 1024> buffer;
-    for (;;) {
-        const ssize_t count = ::read(file.get(), buffer.data(), buffer.size());
-        if (count > 0) {
-            bytes.append(buffer.data(), static_cast<std::size_t>(count));
-        } else if (count == 0) {
-            return bytes;
-        } else if (errno != EINTR) {
-            fail("cannot read file", path);
-        }
+    std::error_code error;
+    std::string bytes = readToEnd(file, error);
+    if (error) {
+        throw std::filesystem::filesystem_error("cannot read file", path, error);
     }
+    return bytes;
 }
 
 void writeWholeFile(const std::filesystem::path& path, std::string_view bytes) {

@@ -1,9 +1,5 @@
 #include "platform/PosixProcesses.hpp"
 
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
 #include <stdexcept>
 #include <system_error>
 #include <vector>
@@ -33,21 +29,6 @@ private:
     std::vector<pid_t> children_;
 };
 
-std::string readToEnd(const FileDescriptor& source, const Invocation& writer) {
-    std::string bytes;
-    std::array<char, 64 * 1024> buffer;
-    for (;;) {
-        const ssize_t count = ::read(source.get(), buffer.data(), buffer.size());
-        if (count > 0) {
-            bytes.append(buffer.data(), static_cast<std::size_t>(count));
-        } else if (count == 0) {
-            return bytes;
-        } else if (errno != EINTR) {
-            throw std::system_error(errno, std::generic_category(), "cannot read the output of " + writer.tool);
-        }
-    }
-}
-
 }  // namespace
 
 void PosixProcesses::launch(const Invocation& invocation) {
@@ -67,7 +48,12 @@ std::string PosixProcesses::runPipeline(std::span<const Invocation> stages) {
         // the stream exactly when this tool (and whatever it started) has closed its output.
         input = std::move(output.read);
     }
-    return readToEnd(input, stages.back());
+    std::error_code error;
+    std::string output = readToEnd(input, error);
+    if (error) {
+        throw std::system_error(error, "cannot read the output of " + stages.back().tool);
+    }
+    return output;
 }
 
 }  // namespace vornix::platform

@@ -32,29 +32,22 @@ void check(int error, const Invocation& invocation) {
     }
 }
 
-class FileActions {
+// Owns one of posix_spawn's setting objects from its initialisation to its destruction.
+template <class Setting, int (*initialise)(Setting*), int (*destroy)(Setting*)>
+class Owned {
 public:
-    FileActions() { ::posix_spawn_file_actions_init(&actions_); }
-    ~FileActions() { ::posix_spawn_file_actions_destroy(&actions_); }
-    FileActions(const FileActions&) = delete;
-    FileActions& operator=(const FileActions&) = delete;
-    posix_spawn_file_actions_t* get() { return &actions_; }
+    Owned() { initialise(&setting_); }
+    ~Owned() { destroy(&setting_); }
+    Owned(const Owned&) = delete;
+    Owned& operator=(const Owned&) = delete;
+    Setting* get() { return &setting_; }
 
 private:
-    posix_spawn_file_actions_t actions_;
+    Setting setting_;
 };
 
-class Attributes {
-public:
-    Attributes() { ::posix_spawnattr_init(&attributes_); }
-    ~Attributes() { ::posix_spawnattr_destroy(&attributes_); }
-    Attributes(const Attributes&) = delete;
-    Attributes& operator=(const Attributes&) = delete;
-    posix_spawnattr_t* get() { return &attributes_; }
-
-private:
-    posix_spawnattr_t attributes_;
-};
+using FileActions = Owned<posix_spawn_file_actions_t, posix_spawn_file_actions_init, posix_spawn_file_actions_destroy>;
+using Attributes = Owned<posix_spawnattr_t, posix_spawnattr_init, posix_spawnattr_destroy>;
 
 // Connects the child's descriptor `target` to `source`, or to the host's own when none is given.
 int connect(FileActions& actions, int source, int target) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -14,6 +15,31 @@ using platform::doubles::WindowDouble;
 
 using WindowFunctions = WindowLibraryTest;
 using WindowFunctionsDeathTest = WindowLibraryTest;
+
+// A record's edges in their order (left, top, right, bottom), to compare at once.
+using Edges = std::array<double, 4>;
+Edges edges(const _BDWRect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
+
+struct ScreenRects {
+    Edges working;
+    Edges full;
+};
+
+ScreenRects screenInfoOf(const std::shared_ptr<WindowDouble>& window) {
+    _BDWRect working{1, 1, 1, 1};
+    _BDWRect full{1, 1, 1, 1};
+    _BDWScreenInfo info{&working, &full};
+    EXPECT_TRUE(getScreenInfoForWindow(handleOf(window.get()), &info));
+    return {edges(working), edges(full)};
+}
+
+// The window's frame after the engine side reads its rectangle and sets the same one again.
+Rect frameAfterGettingAndSettingItsRect(const std::shared_ptr<WindowDouble>& window) {
+    _BDWRect rect{};
+    getRectForWindow(handleOf(window.get()), &rect);
+    setRectForWindow(handleOf(window.get()), &rect);
+    return window->state.frame;
+}
 
 // --- geometry -------------------------------------------------------------------------------
 
@@ -48,10 +74,7 @@ TEST_F(WindowFunctions, GetRectFlipsAgainstTheVisibleFrameAndLeavesXAbsolute) {
     auto window = windowAt({200, 300, 400, 300}, screenWithMenuBarAndLeftDock());
     _BDWRect rect{};
     EXPECT_TRUE(getRectForWindow(handle(window), &rect));
-    EXPECT_DOUBLE_EQ(rect.left, 200);
-    EXPECT_DOUBLE_EQ(rect.top, 275);
-    EXPECT_DOUBLE_EQ(rect.right, 600);
-    EXPECT_DOUBLE_EQ(rect.bottom, 575);
+    EXPECT_EQ(edges(rect), (Edges{200, 275, 600, 575}));
 }
 
 TEST_F(WindowFunctions, SetRectMeasuresAgainstTheWholeScreenFrameIncludingItsXOrigin) {
@@ -67,78 +90,45 @@ TEST_F(WindowFunctions, SetRectMeasuresAgainstTheWholeScreenFrameIncludingItsXOr
 TEST_F(WindowFunctions, GetRectThenSetRectMovesTheWindowUpByTheMenuBarHeight) {
     auto screen = std::make_shared<ScreenDouble>(Rect{0, 0, 1440, 900}, Rect{0, 0, 1440, 875});
     auto window = windowAt({200, 300, 400, 300}, screen);
-    _BDWRect rect{};
-    getRectForWindow(handle(window), &rect);
-    setRectForWindow(handle(window), &rect);
-    EXPECT_EQ(window->state.frame, (Rect{200, 325, 400, 300}));
+    EXPECT_EQ(frameAfterGettingAndSettingItsRect(window), (Rect{200, 325, 400, 300}));
 }
 
 // With a dock on the left both directions leave x absolute, so only the menu bar moves the window.
 TEST_F(WindowFunctions, GetRectThenSetRectWithAMenuBarAndADockOnTheLeftMovesOnlyVertically) {
     auto window = windowAt({200, 300, 400, 300}, screenWithMenuBarAndLeftDock());
-    _BDWRect rect{};
-    getRectForWindow(handle(window), &rect);
-    setRectForWindow(handle(window), &rect);
-    EXPECT_EQ(window->state.frame, (Rect{200, 325, 400, 300}));
+    EXPECT_EQ(frameAfterGettingAndSettingItsRect(window), (Rect{200, 325, 400, 300}));
 }
 
 TEST_F(WindowFunctions, GetRectThenSetRectOnAScreenRightOfTheMainOneMovesTheWindowByItsXOrigin) {
     auto rightScreen = std::make_shared<ScreenDouble>(Rect{1440, 0, 1920, 1080}, Rect{1440, 0, 1920, 1055});
     auto window = windowAt({1600, 300, 400, 300}, rightScreen);
-    _BDWRect rect{};
-    getRectForWindow(handle(window), &rect);
-    setRectForWindow(handle(window), &rect);
-    EXPECT_EQ(window->state.frame, (Rect{3040, 325, 400, 300}));
+    EXPECT_EQ(frameAfterGettingAndSettingItsRect(window), (Rect{3040, 325, 400, 300}));
 }
 
 TEST_F(WindowFunctions, ScreenInfoWithAMenuBarAndADockOnTheLeft) {
     auto window = windowAt({200, 300, 400, 300}, screenWithMenuBarAndLeftDock());
-    _BDWRect working{};
-    _BDWRect full{};
-    _BDWScreenInfo info{&working, &full};
-    EXPECT_TRUE(getScreenInfoForWindow(handle(window), &info));
-    EXPECT_DOUBLE_EQ(working.left, 70);
-    EXPECT_DOUBLE_EQ(working.top, 25);
-    EXPECT_DOUBLE_EQ(working.right, 1440);
-    EXPECT_DOUBLE_EQ(working.bottom, 900);
-    EXPECT_DOUBLE_EQ(full.left, 0);
-    EXPECT_DOUBLE_EQ(full.top, 0);
-    EXPECT_DOUBLE_EQ(full.right, 1440);
-    EXPECT_DOUBLE_EQ(full.bottom, 900);
+    const ScreenRects info = screenInfoOf(window);
+    EXPECT_EQ(info.working, (Edges{70, 25, 1440, 900}));
+    EXPECT_EQ(info.full, (Edges{0, 0, 1440, 900}));
 }
 
 TEST_F(WindowFunctions, ScreenInfoWithADockAtTheBottomEndsTheWorkingAreaAboveIt) {
     auto screen = std::make_shared<ScreenDouble>(Rect{0, 0, 1440, 900}, Rect{0, 70, 1440, 805});
     auto window = windowAt({200, 300, 400, 300}, screen);
-    _BDWRect working{};
-    _BDWRect full{};
-    _BDWScreenInfo info{&working, &full};
-    getScreenInfoForWindow(handle(window), &info);
-    EXPECT_DOUBLE_EQ(working.top, 25);
-    EXPECT_DOUBLE_EQ(working.bottom, 830);
+    EXPECT_EQ(screenInfoOf(window).working, (Edges{0, 25, 1440, 830}));
 }
 
 TEST_F(WindowFunctions, ScreenInfoReportsTheWholeScreenUnflipped) {
     auto upperScreen = std::make_shared<ScreenDouble>(Rect{-200, 900, 1920, 1080}, Rect{-200, 900, 1920, 1080});
     auto window = windowAt({0, 1000, 400, 300}, upperScreen);
-    _BDWRect working{};
-    _BDWRect full{};
-    _BDWScreenInfo info{&working, &full};
-    getScreenInfoForWindow(handle(window), &info);
-    EXPECT_DOUBLE_EQ(full.left, -200);
-    EXPECT_DOUBLE_EQ(full.top, 900);
-    EXPECT_DOUBLE_EQ(full.right, 1720);
-    EXPECT_DOUBLE_EQ(full.bottom, 1980);
+    EXPECT_EQ(screenInfoOf(window).full, (Edges{-200, 900, 1720, 1980}));
 }
 
 TEST_F(WindowFunctions, AWindowOnNoScreenWorksWithZeroRectangles) {
     auto window = windowAt({200, 300, 400, 300}, nullptr);
-    _BDWRect working{1, 1, 1, 1};
-    _BDWRect full{1, 1, 1, 1};
-    _BDWScreenInfo info{&working, &full};
-    EXPECT_TRUE(getScreenInfoForWindow(handle(window), &info));
-    EXPECT_EQ(working.left + working.top + working.right + working.bottom, 0);
-    EXPECT_EQ(full.left + full.top + full.right + full.bottom, 0);
+    const ScreenRects info = screenInfoOf(window);
+    EXPECT_EQ(info.working, (Edges{0, 0, 0, 0}));
+    EXPECT_EQ(info.full, (Edges{0, 0, 0, 0}));
 
     _BDWRect rect{};
     getRectForWindow(handle(window), &rect);
