@@ -10,6 +10,14 @@ bool keyLess(const Dictionary::Entry& entry, std::string_view key) { return entr
 }  // namespace
 
 Dictionary Dictionary::fromEntries(std::vector<Entry> entries) {
+    // Writers emit sorted keys, so most documents arrive in order and need no sort.
+    const auto outOfOrder = std::adjacent_find(entries.begin(), entries.end(),
+                                               [](const Entry& a, const Entry& b) { return !(a.first < b.first); });
+    if (outOfOrder == entries.end()) {
+        Dictionary dictionary;
+        dictionary.entries_ = std::move(entries);
+        return dictionary;
+    }
     // A stable sort keeps document order among equal keys, so the last of each run is the last written.
     std::stable_sort(entries.begin(), entries.end(),
                      [](const Entry& a, const Entry& b) { return a.first < b.first; });
