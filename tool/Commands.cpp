@@ -2,10 +2,12 @@
 
 #include <array>
 
+#include "tool/CodecCommand.hpp"
+
 namespace vornix::tool {
 
 std::span<const Command> commands() {
-    static const std::array<Command, 0> table{};
+    static const std::array table{codecCommand};
     return table;
 }
 
