@@ -14,7 +14,8 @@ enum class FeedTransport {
 
 FeedTransport feedTransport(std::string_view url);
 
-// "localhost", an address in 127.0.0.0/8 written as four decimal numbers, or "[::1]".
+// "localhost", an address in 127.0.0.0/8 written as four decimal numbers, or "::1" (a URL's host
+// without its brackets).
 bool isLoopbackHost(std::string_view host);
 
 }  // namespace vornix::updates
