@@ -77,4 +77,13 @@ FeedTransport feedTransport(std::string_view text) {
     return FeedTransport::refused;
 }
 
+bool isWebPage(std::string_view text) {
+    const auto address = url::URL::parse(text);
+    if (!address || !address->scheme() || !address->host() || address->host()->empty()) {
+        return false;
+    }
+    const std::string scheme = lowered(*address->scheme());
+    return scheme == "https" || scheme == "http";
+}
+
 }  // namespace vornix::updates
