@@ -21,9 +21,12 @@ struct DesktopNotifications::Pending {
 };
 
 DesktopNotifications::DesktopNotifications(GDBusConnection* connection, std::string applicationName)
-    : connection_(G_DBUS_CONNECTION(g_object_ref(connection))),
+    : connection_(connection != nullptr ? G_DBUS_CONNECTION(g_object_ref(connection)) : nullptr),
       applicationName_(std::move(applicationName)),
       cancellable_(g_cancellable_new()) {
+    if (connection_ == nullptr) {
+        return;
+    }
     actionSubscription_ = g_dbus_connection_signal_subscribe(connection_, serverName, serverInterface, "ActionInvoked",
                                                              serverPath, nullptr, G_DBUS_SIGNAL_FLAGS_NONE, onSignal,
                                                              this, nullptr);
@@ -34,13 +37,19 @@ DesktopNotifications::DesktopNotifications(GDBusConnection* connection, std::str
 
 DesktopNotifications::~DesktopNotifications() {
     g_cancellable_cancel(cancellable_);
-    g_dbus_connection_signal_unsubscribe(connection_, actionSubscription_);
-    g_dbus_connection_signal_unsubscribe(connection_, closedSubscription_);
     g_object_unref(cancellable_);
-    g_object_unref(connection_);
+    if (connection_ != nullptr) {
+        g_dbus_connection_signal_unsubscribe(connection_, actionSubscription_);
+        g_dbus_connection_signal_unsubscribe(connection_, closedSubscription_);
+        g_object_unref(connection_);
+    }
 }
 
 void DesktopNotifications::post(const Notification& notification, ActionHandler onAction) {
+    if (connection_ == nullptr) {
+        base::printLine("The desktop notification could not be shown: there is no session bus");
+        return;
+    }
     GVariantBuilder actions;
     g_variant_builder_init(&actions, G_VARIANT_TYPE("as"));
     for (const NotificationAction& action : notification.actions) {

@@ -15,7 +15,7 @@ namespace vornix::platform::linux {
 // this object: the host's main thread.
 class DesktopNotifications : public Notifications {
 public:
-    // Keeps its own reference to `connection`.
+    // Keeps its own reference to `connection`, which may be null where there is no session bus.
     DesktopNotifications(GDBusConnection* connection, std::string applicationName);
     ~DesktopNotifications() override;
     DesktopNotifications(const DesktopNotifications&) = delete;
@@ -33,8 +33,8 @@ private:
     GDBusConnection* connection_;
     std::string applicationName_;
     GCancellable* cancellable_;
-    guint actionSubscription_;
-    guint closedSubscription_;
+    guint actionSubscription_ = 0;
+    guint closedSubscription_ = 0;
     std::map<std::uint32_t, ActionHandler> handlers_;
 };
 

@@ -169,4 +169,12 @@ TEST_F(DesktopNotificationsTest, WithoutANotificationServerOneLineSaysSo) {
     EXPECT_EQ(output.text().rfind("The desktop notification could not be shown: ", 0), 0u) << output.text();
 }
 
+TEST(DesktopNotifications, WithoutASessionBusOneLineSaysSo) {
+    DesktopNotifications notifications(nullptr, "Vornix OS");
+    ::testing::internal::CaptureStdout();
+    notifications.post(updateNotification(), nullptr);
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(),
+              "The desktop notification could not be shown: there is no session bus\n");
+}
+
 }  // namespace
