@@ -1,54 +1,14 @@
 #include "platform/linux/tests/PrivateSessionBus.hpp"
 
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cstdio>
 #include <stdexcept>
-
-extern char** environ;
 
 namespace vornix::platform::linux::testing {
 
-PrivateSessionBus::PrivateSessionBus() {
-    int output[2];
-    if (::pipe(output) != 0) {
-        throw std::runtime_error("no pipe");
-    }
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, output[1], 1);
-    posix_spawn_file_actions_addclose(&actions, output[0]);
-    char* argv[] = {const_cast<char*>("dbus-daemon"), const_cast<char*>("--session"), const_cast<char*>("--nofork"),
-                    const_cast<char*>("--print-address=1"), nullptr};
-    const int started = posix_spawnp(&child_, "dbus-daemon", &actions, nullptr, argv, environ);
-    posix_spawn_file_actions_destroy(&actions);
-    ::close(output[1]);
-    if (started != 0) {
-        ::close(output[0]);
-        throw std::runtime_error("dbus-daemon could not be started");
-    }
-    FILE* reader = ::fdopen(output[0], "r");
-    char line[1024] = "";
-    const bool read = reader != nullptr && std::fgets(line, sizeof line, reader) != nullptr;
-    if (reader != nullptr) {
-        std::fclose(reader);
-    }
-    address_ = line;
-    while (!address_.empty() && (address_.back() == '\n' || address_.back() == '\r')) {
-        address_.pop_back();
-    }
-    if (!read || address_.empty()) {
+PrivateSessionBus::PrivateSessionBus()
+    : daemon_({"dbus-daemon", "--session", "--nofork", "--print-address=1"}), address_(daemon_.readLine()) {
+    if (address_.empty()) {
         throw std::runtime_error("dbus-daemon gave no address");
     }
-}
-
-PrivateSessionBus::~PrivateSessionBus() {
-    ::kill(child_, SIGTERM);
-    int status = 0;
-    ::waitpid(child_, &status, 0);
 }
 
 GDBusConnection* PrivateSessionBus::connect() const {

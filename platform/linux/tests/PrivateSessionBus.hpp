@@ -1,9 +1,10 @@
 #pragma once
 
 #include <gio/gio.h>
-#include <sys/types.h>
 
 #include <string>
+
+#include "platform/linux/tests/ChildProcess.hpp"
 
 namespace vornix::platform::linux::testing {
 
@@ -12,15 +13,12 @@ namespace vornix::platform::linux::testing {
 class PrivateSessionBus {
 public:
     PrivateSessionBus();
-    ~PrivateSessionBus();
-    PrivateSessionBus(const PrivateSessionBus&) = delete;
-    PrivateSessionBus& operator=(const PrivateSessionBus&) = delete;
 
     // A new connection to the bus, registered and with a unique name; the caller owns it.
     GDBusConnection* connect() const;
 
 private:
-    pid_t child_ = -1;
+    ChildProcess daemon_;
     std::string address_;
 };
 
