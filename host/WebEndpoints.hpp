@@ -11,6 +11,8 @@ struct WebEndpoints {
     std::string releaseNotesSite = "https://updates.vornix.com";
     // Where "Vornix for Developers" is offered for download when it is not installed.
     std::string installPage = "https://vornix.com/install";
+    // The release feed (an appcast) the updater reads, on the update site.
+    std::string updateFeed = "https://updates.vornix.com/appcast.xml";
 };
 
 }  // namespace vornix::host

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,8 @@ struct HttpRequest {
     double timeoutSeconds = 30.0;
     std::size_t maxBytes = 4 * 1024 * 1024;
     std::string userAgent;
+    // Asked now and then while the request runs; true ends it early (the host is going away).
+    std::function<bool()> isCancelled;
 };
 
 // Why a request got no answer.
@@ -26,6 +29,7 @@ enum class HttpFailure {
     untrusted,    // the server's certificate did not verify
     timedOut,
     tooLarge,     // the body passed the request's maxBytes
+    cancelled,    // isCancelled answered true
     other,
 };
 

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "url/URL.hpp"
+
 namespace vornix::updates {
 
 namespace {
@@ -51,51 +53,37 @@ bool isLoopbackIPv4(std::string_view host) {
     return count == 4 && first == "127";
 }
 
-// The host of an absolute URL, between "//" and the port or path. Empty (so refused) when the
-// address carries user information or characters that URL readers disagree on: the check must see
-// the same host the fetcher will connect to.
-std::string_view hostOf(std::string_view url) {
-    for (char c : url) {
-        if (static_cast<unsigned char>(c) <= ' ' || c == '\\' || c == 0x7f) {
-            return {};
-        }
-    }
-    const auto start = url.find("://");
-    if (start == std::string_view::npos) {
-        return {};
-    }
-    std::string_view authority = url.substr(start + 3);
-    authority = authority.substr(0, authority.find_first_of("/?#"));
-    if (authority.find('@') != std::string_view::npos) {
-        return {};
-    }
-    if (authority.starts_with('[')) {
-        const auto close = authority.find(']');
-        return close == std::string_view::npos ? std::string_view() : authority.substr(0, close + 1);
-    }
-    return authority.substr(0, authority.find(':'));
-}
-
 }  // namespace
 
 bool isLoopbackHost(std::string_view host) {
     const std::string name = lowered(host);
-    return name == "localhost" || name == "[::1]" || isLoopbackIPv4(name);
+    return name == "localhost" || name == "::1" || isLoopbackIPv4(name);
 }
 
-FeedTransport feedTransport(std::string_view url) {
-    const std::string scheme = lowered(url.substr(0, url.find("://")));
-    const std::string_view host = hostOf(url);
-    if (host.empty()) {
+FeedTransport feedTransport(std::string_view text) {
+    // The host is read by the same RFC 3986 rules the fetcher follows; anything they refuse
+    // (spaces, backslashes, a bad authority) is refused here too.
+    const auto address = url::URL::parse(text);
+    if (!address || !address->scheme() || !address->host() || address->host()->empty()) {
         return FeedTransport::refused;
     }
+    const std::string scheme = lowered(*address->scheme());
     if (scheme == "https") {
         return FeedTransport::https;
     }
-    if (scheme == "http" && isLoopbackHost(host)) {
+    if (scheme == "http" && isLoopbackHost(*address->host())) {
         return FeedTransport::loopbackHttp;
     }
     return FeedTransport::refused;
+}
+
+bool isWebPage(std::string_view text) {
+    const auto address = url::URL::parse(text);
+    if (!address || !address->scheme() || !address->host() || address->host()->empty()) {
+        return false;
+    }
+    const std::string scheme = lowered(*address->scheme());
+    return scheme == "https" || scheme == "http";
 }
 
 }  // namespace vornix::updates

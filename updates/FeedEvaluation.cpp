@@ -20,6 +20,7 @@ std::string reasonFor(platform::HttpFailure failure) {
     case HttpFailure::tooLarge:
         return "The update information from the server is larger than expected.";
     case HttpFailure::none:
+    case HttpFailure::cancelled:
     case HttpFailure::other:
         break;
     }

@@ -17,6 +17,7 @@ UpdateChecker::UpdateChecker(UpdateSettings settings, Version running, Version s
 
 UpdateChecker::~UpdateChecker() {
     self_.reset();
+    *stopping_ = true;
     if (worker_.joinable()) {
         worker_.join();
     }
@@ -54,7 +55,8 @@ void UpdateChecker::start(CheckMode mode) {
     }
     platform::HttpFetcher& fetcher = platform::HttpFetcher::current();
     platform::HttpRequest request{settings_.feedUrl, transport == FeedTransport::loopbackHttp,
-                                  settings_.timeoutSeconds, settings_.maxFeedBytes, userAgent(running_)};
+                                  settings_.timeoutSeconds, settings_.maxFeedBytes, userAgent(running_),
+                                  [stopping = stopping_] { return stopping->load(); }};
     AppcastLimits limits;
     limits.maxBytes = settings_.maxFeedBytes;
     worker_ = std::thread([this, &fetcher, request = std::move(request), limits, deliver] {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <thread>
@@ -23,7 +24,7 @@ public:
     using Completion = std::function<void(const CheckOutcome& outcome, CheckMode mode)>;
 
     UpdateChecker(UpdateSettings settings, Version running, Version system, Completion completion);
-    // Waits for a fetch in flight (bounded by the time-out); its report is dropped.
+    // Stops a fetch in flight and waits for its thread; its report is dropped.
     ~UpdateChecker();
     UpdateChecker(const UpdateChecker&) = delete;
     UpdateChecker& operator=(const UpdateChecker&) = delete;
@@ -45,6 +46,7 @@ private:
     bool checking_ = false;
     CheckMode mode_ = CheckMode::background;
     std::thread worker_;
+    std::shared_ptr<std::atomic<bool>> stopping_ = std::make_shared<std::atomic<bool>>(false);
     // Reports queued to the main queue carry a weak reference, so none arrives after destruction.
     std::shared_ptr<UpdateChecker*> self_;
 };

@@ -8,7 +8,13 @@ HttpResponse ScriptedHttpFetcher::fetch(const HttpRequest& request) {
     std::unique_lock lock(mutex_);
     requests_.push_back(request);
     changed_.notify_all();
-    changed_.wait(lock, [this] { return !held_; });
+    // Held fetches also look at the request's cancellation, as a real fetcher does.
+    while (held_) {
+        if (request.isCancelled && request.isCancelled()) {
+            return {HttpFailure::cancelled, 0, "", "cancelled"};
+        }
+        changed_.wait_for(lock, std::chrono::milliseconds(5));
+    }
     return response_;
 }
 

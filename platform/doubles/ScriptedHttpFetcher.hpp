@@ -9,7 +9,8 @@
 namespace vornix::platform::doubles {
 
 // An HTTP fetcher that answers every request with the response it was given and records the
-// requests. While held, fetches wait until release(), so a test can look at a check in flight.
+// requests. While held, fetches wait until release() or until their request is cancelled, so a
+// test can look at a check in flight.
 class ScriptedHttpFetcher : public HttpFetcher {
 public:
     HttpResponse fetch(const HttpRequest& request) override;

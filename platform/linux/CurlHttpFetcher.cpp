@@ -15,6 +15,12 @@ struct Body {
     bool overflowed = false;
 };
 
+// libcurl's progress callback, which it calls at least once a second: a non-zero answer aborts.
+int checkCancelled(void* data, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+    const auto& isCancelled = *static_cast<const std::function<bool()>*>(data);
+    return isCancelled && isCancelled() ? 1 : 0;
+}
+
 std::size_t appendBody(char* data, std::size_t size, std::size_t count, void* userData) {
     Body& body = *static_cast<Body*>(userData);
     const std::size_t length = size * count;
@@ -43,6 +49,8 @@ HttpFailure failureOf(CURLcode code, const Body& body) {
         return HttpFailure::timedOut;
     case CURLE_FILESIZE_EXCEEDED:
         return HttpFailure::tooLarge;
+    case CURLE_ABORTED_BY_CALLBACK:
+        return HttpFailure::cancelled;
     case CURLE_WRITE_ERROR:
         return body.overflowed ? HttpFailure::tooLarge : HttpFailure::other;
     default:
@@ -87,6 +95,9 @@ HttpResponse CurlHttpFetcher::fetch(const HttpRequest& request) {
     curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, appendBody);
     curl_easy_setopt(easy, CURLOPT_WRITEDATA, &body);
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, error);
+    curl_easy_setopt(easy, CURLOPT_NOPROGRESS, 0L);
+    curl_easy_setopt(easy, CURLOPT_XFERINFOFUNCTION, checkCancelled);
+    curl_easy_setopt(easy, CURLOPT_XFERINFODATA, &request.isCancelled);
     if (request.allowPlainHttp) {
         curl_easy_setopt(easy, CURLOPT_NOPROXY, "*");  // a loopback address is never reached through a proxy
     }

@@ -7,6 +7,7 @@ namespace {
 using vornix::updates::FeedTransport;
 using vornix::updates::feedTransport;
 using vornix::updates::isLoopbackHost;
+using vornix::updates::isWebPage;
 
 TEST(FeedAddress, HttpsIsFetchedOverHttps) {
     EXPECT_EQ(feedTransport("https://updates.example.com/appcast.xml"), FeedTransport::https);
@@ -45,13 +46,24 @@ TEST(FeedAddress, LoopbackHostsAreTheLoopbackRangeLocalhostAndIpv6One) {
     EXPECT_TRUE(isLoopbackHost("127.0.0.1"));
     EXPECT_TRUE(isLoopbackHost("127.255.255.254"));
     EXPECT_TRUE(isLoopbackHost("LOCALHOST"));
-    EXPECT_TRUE(isLoopbackHost("[::1]"));
+    EXPECT_TRUE(isLoopbackHost("::1"));
     EXPECT_FALSE(isLoopbackHost("127.0.0"));
     EXPECT_FALSE(isLoopbackHost("127.0.0.256"));
     EXPECT_FALSE(isLoopbackHost("127.0.0.1.2"));
     EXPECT_FALSE(isLoopbackHost("128.0.0.1"));
-    EXPECT_FALSE(isLoopbackHost("::1"));
+    EXPECT_FALSE(isLoopbackHost("::2"));
     EXPECT_FALSE(isLoopbackHost(""));
+}
+
+TEST(FeedAddress, OnlyHttpAndHttpsAddressesAreWebPages) {
+    EXPECT_TRUE(isWebPage("https://example.com/Vornix-1.2.zip"));
+    EXPECT_TRUE(isWebPage("HTTP://example.com/notes"));
+    EXPECT_FALSE(isWebPage("file:///etc/passwd"));
+    EXPECT_FALSE(isWebPage("javascript:alert(1)"));
+    EXPECT_FALSE(isWebPage("vornix-for-developers://"));
+    EXPECT_FALSE(isWebPage("https://"));
+    EXPECT_FALSE(isWebPage("not a url"));
+    EXPECT_FALSE(isWebPage(""));
 }
 
 }  // namespace

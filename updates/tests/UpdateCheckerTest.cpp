@@ -153,6 +153,20 @@ TEST_F(UpdateCheckerTest, ACheckAfterTheLastOneFinishedFetchesAgain) {
     EXPECT_EQ(reports[1].mode, CheckMode::interactive);
 }
 
+TEST_F(UpdateCheckerTest, ARequestIsCancelledOnlyOnceTheCheckerIsGoing) {
+    fetcher.hold();
+    std::optional<UpdateChecker> checker;
+    checker.emplace(UpdateSettings{"https://updates.example.com/appcast.xml"}, *Version::parse("1.0.0"),
+                    *Version::parse("6.1"), [](const CheckOutcome&, CheckMode) {});
+    checker->start(CheckMode::background);
+    ASSERT_TRUE(fetcher.waitForRequests(1));
+    const auto request = fetcher.requests().at(0);
+    ASSERT_TRUE(request.isCancelled);
+    EXPECT_FALSE(request.isCancelled());
+    checker.reset();  // returns only once the held fetch has seen the cancellation
+    EXPECT_TRUE(request.isCancelled());
+}
+
 TEST_F(UpdateCheckerTest, NoReportArrivesAfterTheCheckerIsGone) {
     {
         UpdateChecker checker = makeChecker();

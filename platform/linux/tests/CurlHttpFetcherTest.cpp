@@ -6,6 +6,9 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <thread>
+
 #include "platform/linux/tests/LoopbackHttpServer.hpp"
 #include "platform/linux/tests/SelfSignedTlsServer.hpp"
 
@@ -90,6 +93,23 @@ TEST(CurlHttpFetcher, ASlowServerTimesOut) {
     request.timeoutSeconds = 0.3;
     const auto response = CurlHttpFetcher().fetch(request);
     EXPECT_EQ(response.failure, HttpFailure::timedOut) << response.detail;
+}
+
+TEST(CurlHttpFetcher, ACancelledRequestEndsBeforeItsTimeOut) {
+    LoopbackHttpServer server;
+    server.route("/appcast.xml", LoopbackHttpServer::Route::held());
+    HttpRequest request = plain(server.url("/appcast.xml"));
+    request.timeoutSeconds = 120.0;
+    std::atomic<bool> cancelled{false};
+    request.isCancelled = [&] { return cancelled.load(); };
+    vornix::platform::HttpResponse response;
+    std::thread fetch([&] { response = CurlHttpFetcher().fetch(request); });
+    while (server.requests().empty()) {
+        std::this_thread::yield();
+    }
+    cancelled = true;
+    fetch.join();
+    EXPECT_EQ(response.failure, HttpFailure::cancelled) << response.detail;
 }
 
 TEST(CurlHttpFetcher, ABodyAnnouncedLargerThanTheBoundIsRefused) {

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
+
+#include "platform/linux/tests/ChildProcess.hpp"
 
 namespace vornix::platform::linux::testing {
 
@@ -21,7 +22,7 @@ public:
 
 private:
     std::filesystem::path folder_;
-    pid_t child_ = -1;
+    std::unique_ptr<ChildProcess> server_;
     std::uint16_t port_ = 0;
 };
 
