@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/CommandLine.hpp"
+#include "platform/linux/HostApplication.hpp"
 
 namespace vornix::app {
 
@@ -28,7 +29,9 @@ private:
     void relaunched(const std::vector<std::string>& arguments);
     void terminating();
 
+    platform::linux::HostApplication* host_ = nullptr;
     std::unique_ptr<Services> services_;
+    int exitStatus_ = 0;
 };
 
 }  // namespace vornix::app

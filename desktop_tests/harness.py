@@ -72,7 +72,7 @@ class Desktop:
         self.name = name
         self.artifacts = artifacts
         os.makedirs(artifacts, exist_ok=True)
-        self.root = tempfile.mkdtemp(prefix=f'vornix-desktop-{name}-')
+        self.root = tempfile.mkdtemp(prefix='vx-')  # short: socket paths under it must fit in 108 bytes
         self.home = os.path.join(self.root, 'home')
         self.runtime = os.path.join(self.root, 'runtime')
         os.makedirs(self.home)
@@ -98,9 +98,13 @@ class Desktop:
             'GSETTINGS_BACKEND': 'memory',
             'GTK_THEME': 'Adwaita',
         }
-        for keep in ('ASAN_OPTIONS', 'UBSAN_OPTIONS', 'LSAN_OPTIONS'):
+        for keep in ('ASAN_OPTIONS', 'UBSAN_OPTIONS'):
             if keep in os.environ:
                 base[keep] = os.environ[keep]
+        # A host built with the sanitizers reports only the leaks that are its own.
+        base['LSAN_OPTIONS'] = 'suppressions=' + os.path.join(os.path.dirname(os.path.abspath(__file__)),
+                                                              'lsan.supp') + ':print_suppressions=0'
+
         self.env = dict(base)
 
         read_end, write_end = os.pipe()
@@ -213,6 +217,23 @@ class Desktop:
 
     def press_key(self, key):
         subprocess.run(['xdotool', 'key', key], check=True, env=self.env, timeout=20)
+
+    def screen_pixels(self):
+        """The screen as it is now: a function of (x, y) giving the (red, green, blue) there."""
+        import gi
+        gi.require_version('Gdk', '3.0')
+        from gi.repository import Gdk
+        Gdk.init([])
+        root = Gdk.get_default_root_window()
+        image = Gdk.pixbuf_get_from_window(root, 0, 0, root.get_width(), root.get_height())
+        pixels = image.get_pixels()
+        stride = image.get_rowstride()
+        channels = image.get_n_channels()
+
+        def at(x, y):
+            offset = y * stride + x * channels
+            return tuple(pixels[offset:offset + 3])
+        return at
 
     def screenshot(self, label):
         """Saves the whole screen as <artifacts>/<test>-<label>.png and returns the path."""

@@ -7,7 +7,7 @@ bash scripts/bootstrap.sh
 cmake --preset gcc >/dev/null
 cmake --build --preset gcc
 
-host=build/gcc/app/vornix-host
+host=build/gcc/bin/vornix-host
 if [[ -x "$host" ]]; then
   exec "$host" "$@"
 fi

@@ -39,6 +39,14 @@ std::string buttonCss(const ButtonBackground& background) {
     return css.str();
 }
 
+// Texts wrap at the popover's width, as the platform's text views do in a fixed-width stack,
+// instead of widening the popover.
+void wrapWithinWidth(GtkWidget* label) {
+    gtk_label_set_line_wrap(GTK_LABEL(label), TRUE);
+    gtk_label_set_line_wrap_mode(GTK_LABEL(label), PANGO_WRAP_WORD_CHAR);
+    gtk_label_set_max_width_chars(GTK_LABEL(label), 1);
+}
+
 bool sameShape(const PopoverRow& a, const PopoverRow& b) { return a.kind == b.kind && a.hoverId == b.hoverId; }
 
 }  // namespace
@@ -99,6 +107,7 @@ GtkPopoverView::RowWidget GtkPopoverView::make(const PopoverRow& row) {
     case RowKind::text:
         made.label = gtk_label_new(nullptr);
         gtk_label_set_xalign(GTK_LABEL(made.label), 0.0f);
+        wrapWithinWidth(made.label);
         made.outer = made.label;
         break;
     case RowKind::toggle:
@@ -118,6 +127,7 @@ GtkPopoverView::RowWidget GtkPopoverView::make(const PopoverRow& row) {
         made.label = gtk_label_new(nullptr);
         gtk_label_set_xalign(GTK_LABEL(made.label), 0.0f);
         gtk_widget_set_hexpand(made.label, TRUE);
+        wrapWithinWidth(made.label);
         setMargins(made.label, layout_.buttonLabel.padding);
         gtk_container_add(GTK_CONTAINER(made.outer), made.label);
         gtk_button_set_relief(GTK_BUTTON(made.outer), GTK_RELIEF_NONE);
@@ -132,7 +142,7 @@ GtkPopoverView::RowWidget GtkPopoverView::make(const PopoverRow& row) {
         break;
     }
     gtk_widget_set_name(made.outer, row.hoverId.empty() ? "row" : row.hoverId.c_str());
-    if (made.label && row.kind != RowKind::button) {
+    if (row.kind == RowKind::toggle) {
         gtk_widget_set_halign(made.outer, GTK_ALIGN_START);
     }
     made.row = row;

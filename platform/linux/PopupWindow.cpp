@@ -9,7 +9,8 @@ PopupWindow::PopupWindow() : window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)) {
     GtkWindow* window = GTK_WINDOW(window_);
     gtk_window_set_title(window, "Vornix OS");
     gtk_window_set_decorated(window, FALSE);
-    gtk_window_set_resizable(window, FALSE);
+    // Sized by the popover, not by the person: resizable only so that it keeps the size given.
+    gtk_window_set_resizable(window, TRUE);
     gtk_window_set_skip_taskbar_hint(window, TRUE);
     gtk_window_set_skip_pager_hint(window, TRUE);
     gtk_window_set_keep_above(window, TRUE);
@@ -41,14 +42,18 @@ void PopupWindow::setContentSize(int width, int height) { gtk_window_set_default
 
 void PopupWindow::showRelativeTo(GdkRectangle anchor, bool below) {
     gtk_widget_realize(window_);
+    gtk_widget_show_all(gtk_bin_get_child(GTK_BIN(window_)));
     int width = 0;
     int height = 0;
-    gtk_widget_show_all(gtk_bin_get_child(GTK_BIN(window_)));
     gtk_window_get_default_size(GTK_WINDOW(window_), &width, &height);
-    GtkRequisition natural{};
-    gtk_widget_get_preferred_size(window_, nullptr, &natural);
-    width = std::max(width, natural.width);
-    height = std::max(height, natural.height);
+    // The content's height at the popover's width: texts wrap rather than widen it.
+    int minimumWidth = 0;
+    gtk_widget_get_preferred_width(window_, &minimumWidth, nullptr);
+    width = std::max(width, minimumWidth);
+    int naturalHeight = 0;
+    gtk_widget_get_preferred_height_for_width(window_, width, nullptr, &naturalHeight);
+    height = std::max(height, naturalHeight);
+    gtk_window_resize(GTK_WINDOW(window_), width, height);
 
     GdkDisplay* display = gtk_widget_get_display(window_);
     GdkMonitor* monitor = gdk_display_get_monitor_at_point(display, anchor.x + anchor.width / 2, anchor.y);

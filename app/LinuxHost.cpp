@@ -1,0 +1,165 @@
+#include "app/LinuxHost.hpp"
+
+#include <iostream>
+#include <optional>
+
+#include "bitsdojo_window_macos/macos/Classes/BitsdojoWindowPlugin.hpp"
+#include "bridge/BridgeRegistry.hpp"
+#include "bridge/EngineBridge.hpp"
+#include "host/AppDelegate.hpp"
+#include "host/CustomURLSchemes.hpp"
+#include "host/MenuBarSupport.hpp"
+#include "host/UIInteractions.hpp"
+#include "platform/PosixProcesses.hpp"
+#include "platform/XdgDirectories.hpp"
+#include "platform/linux/EngineSocketServer.hpp"
+#include "platform/linux/GioWorkspace.hpp"
+#include "platform/linux/GlibMainQueue.hpp"
+#include "platform/linux/GtkAlerts.hpp"
+#include "platform/linux/HostApplication.hpp"
+#include "platform/linux/LinuxApplication.hpp"
+#include "platform/linux/LinuxUpdater.hpp"
+#include "platform/linux/TrayPopovers.hpp"
+#include "platform/linux/TrayStatusBar.hpp"
+#include "platform/linux/UrlEventManager.hpp"
+
+namespace vornix::app {
+
+namespace gtk = platform::linux;
+
+// Everything the primary instance runs on, made when it launches and kept until the process
+// ends. Ports are installed while they live.
+struct LinuxHost::Services {
+    explicit Services(gtk::HostApplication& host) : application(host) {}
+
+    gtk::GlibMainQueue mainQueue;
+    gtk::LinuxApplication application;
+    gtk::TrayStatusBar statusBar;
+    gtk::TrayPopovers popovers;
+    gtk::GtkAlerts alerts;
+    gtk::GioWorkspace workspace;
+    gtk::UrlEventManager urlEvents;
+    platform::XdgDirectories directories;
+    platform::PosixProcesses processes;
+    platform::ScopedPort<platform::MainQueue> mainQueuePort{&mainQueue};
+    platform::ScopedPort<platform::Application> applicationPort{&application};
+    platform::ScopedPort<platform::StatusBar> statusBarPort{&statusBar};
+    platform::ScopedPort<platform::Popovers> popoversPort{&popovers};
+    platform::ScopedPort<platform::Alerts> alertsPort{&alerts};
+    platform::ScopedPort<platform::Workspace> workspacePort{&workspace};
+    platform::ScopedPort<platform::AppleEventManager> urlEventsPort{&urlEvents};
+    platform::ScopedPort<platform::Directories> directoriesPort{&directories};
+    platform::ScopedPort<platform::Processes> processesPort{&processes};
+    std::unique_ptr<gtk::LinuxUpdater> updater;
+
+    // The engine: whoever connects to the bridge's socket, or nobody.
+    bridge::EngineBridge engineBridge;
+    bridge::BridgeRegistry engine{engineBridge};
+    std::unique_ptr<gtk::EngineSocketServer> engineSocket;
+
+    std::unique_ptr<host::AppDelegate> delegate;
+};
+
+namespace {
+
+// The plug-ins the engine's build registers, in their fixed order. On Linux only the window
+// library's own plug-in is linked; the engine's other plug-ins come with its embedding.
+void registerGeneratedPlugins(engine::PluginRegistry& registry) {
+    bitsdojo_window::BitsdojoWindowPlugin::registerWith(registry.registrarForPlugin("BitsdojoWindowPlugin"));
+}
+
+HostOptions optionsOf(const std::vector<std::string>& arguments) {
+    try {
+        return parseCommandLine(arguments);
+    } catch (const CommandLineError& error) {
+        std::cerr << "vornix-host: " << error.what() << std::endl;
+        return {};
+    }
+}
+
+}  // namespace
+
+LinuxHost::LinuxHost() = default;
+
+LinuxHost::~LinuxHost() = default;
+
+int LinuxHost::run(int argc, char** argv) {
+    gtk::HostApplication application("com.vornix.os", {
+                                                          [this](const auto& arguments) { launched(arguments); },
+                                                          [this](const auto& arguments) { relaunched(arguments); },
+                                                          [this] { terminating(); },
+                                                      });
+    host_ = &application;
+    const int status = application.run(argc, argv);
+    services_.reset();
+    host_ = nullptr;
+    return status != 0 ? status : exitStatus_;
+}
+
+void LinuxHost::launched(const std::vector<std::string>& arguments) {
+    const HostOptions options = optionsOf(arguments);
+    services_ = std::make_unique<Services>(*host_);
+    Services& services = *services_;
+    GDBusConnection* sessionBus = g_application_get_dbus_connection(G_APPLICATION(host_->gtkApplication()));
+    const host::WebEndpoints endpoints;
+    services.updater = std::make_unique<gtk::LinuxUpdater>(endpoints, sessionBus);
+
+    if (options.engineSocket) {
+        try {
+            services.engineSocket =
+                std::make_unique<gtk::EngineSocketServer>(services.engineBridge, *options.engineSocket);
+        } catch (const std::runtime_error& error) {
+            std::cerr << "vornix-host: " << error.what() << std::endl;
+            exitStatus_ = 1;
+            host_->quit();
+            return;
+        }
+    }
+
+    // The main window wakes first: the engine's plug-ins in their order, then the host's two
+    // channels (the UI interactions one only where the menu-bar interface exists).
+    registerGeneratedPlugins(services.engine);
+    host::CustomURLSchemeHandler::registerWith(services.engine.registrarForPlugin("CustomURLSchemeHandler"));
+    if (host::systemSupportsMenuBar()) {
+        host::UIInteractions::registerWith(services.engine.registrarForPlugin("UIInteractions"));
+    }
+
+    // Then the application has finished launching.
+    services.delegate = std::make_unique<host::AppDelegate>(endpoints);
+    services.delegate->applicationDidFinishLaunching();
+
+    for (const auto& url : options.urls) {
+        services.urlEvents.openURL(url);
+    }
+}
+
+void LinuxHost::relaunched(const std::vector<std::string>& arguments) {
+    if (!services_) {
+        return;
+    }
+    const HostOptions options = optionsOf(arguments);
+    if (options.engineSocket) {
+        std::cerr << "vornix-host: already running; --engine-socket applies to the first launch only" << std::endl;
+    }
+    if (!options.urls.empty()) {
+        // Delivered from the main loop, as the system's events are, so that the launch that
+        // brought the URL is done with while the URL's alert, if any, waits for the person.
+        for (const auto& url : options.urls) {
+            services_->mainQueue.async([this, url] { services_->urlEvents.openURL(url); });
+        }
+        return;
+    }
+    // Launched again with nothing to open: the person wants the host, so it shows itself as a
+    // click on its icon would, also where there is no tray to click.
+    if (auto item = services_->statusBar.item()) {
+        item->trayButton().click(std::nullopt);
+    }
+}
+
+void LinuxHost::terminating() {
+    if (services_ && services_->delegate) {
+        services_->delegate->applicationWillTerminate();
+    }
+}
+
+}  // namespace vornix::app

@@ -1,0 +1,205 @@
+"""The desktop tests: each drives the real vornix-host from outside, as a person would, through
+the tray, the pointer and the keyboard, and reads what it shows through the accessibility tree."""
+
+import os
+import plistlib
+import time
+
+import accessibility as a11y
+from harness import wait_until
+from test_engine import TestEngine
+from tray import TrayWatcher
+
+UI = 'com.vornix.os/ui_interactions'
+CUSTOM = 'com.vornix.os/custom_url_scheme'
+
+ROWS_SIGNED_OUT = [
+    'Vornix OS', ('switch', 'Launch on Login', False), 'Launch on Login', '---',
+    'Account', 'Sign In...', '---',
+    'Version: 0.0.0', 'Port: ', '---',
+    'Launch Vornix for Developers', 'Discover Integrations', 'About', 'Get Help', 'Submit Feedback or Issues',
+    'Check for Updates...', 'Quit',
+]
+
+
+class Session:
+    """The host started with a tray and a test engine, its popover not yet open."""
+
+    def __init__(self, desktop, host, tray=True):
+        self.desktop = desktop
+        self.tray = TrayWatcher() if tray else None
+        desktop.start_host(host)
+        self.engine = TestEngine(desktop.engine_socket)
+        desktop.wait_for_host_line('finished launching')
+        if self.tray:
+            self.tray.wait_for_item()
+
+    def open_popover(self):
+        self.tray.click(1200, 12)
+        return a11y.wait_for_popover()
+
+    def button(self, name):
+        return wait_until(lambda: a11y.find(a11y.popover(), ('push button',), name), 10, f'the button "{name}"')
+
+    def press(self, name):
+        self.desktop.click(*a11y.centre(self.button(name)))
+
+    def close(self):
+        if self.tray:
+            self.tray.stop()
+        self.engine.close()
+
+
+def popover_shows_the_exact_rows_before_any_report(desktop, host):
+    session = Session(desktop, host)
+    assert session.tray.item_property('IconName') == 'TrayIcon'
+    assert session.tray.item_property('IconPixmap'), 'the tray item has no pixels to show'
+    popover = session.open_popover()
+    assert a11y.popover_rows() == ROWS_SIGNED_OUT, a11y.popover_rows()
+    assert a11y.is_active(popover), 'the popover did not take the keyboard focus'
+    x, y, width, height = a11y.extents(popover)
+    assert width == 200, f'the popover is {width} wide'
+    assert y >= 12, f'the popover at {(x, y, width, height)} does not open below the icon'
+    desktop.screenshot('popover')
+    session.close()
+
+
+def the_popover_opens_and_closes_from_the_tray_icon(desktop, host):
+    session = Session(desktop, host)
+    session.open_popover()
+    session.tray.click(1200, 12)
+    a11y.wait_for_popover_closed()
+    session.open_popover()
+    session.close()
+
+
+def clicking_elsewhere_closes_the_popover_and_the_host_keeps_running(desktop, host):
+    session = Session(desktop, host)
+    session.open_popover()
+    desktop.click(200, 600)
+    a11y.wait_for_popover_closed()
+    assert desktop.host.poll() is None, 'the host ended with its last window'
+    session.close()
+
+
+def auth_state_shows_the_email_and_sign_out_about_one_second_later(desktop, host):
+    session = Session(desktop, host)
+    session.open_popover()
+    sent = time.monotonic()
+    answer = session.engine.call(UI, 'auth_state', {
+        'signedIn': True, 'email': 'ada@example.com', 'appVersion': '2.4.1', 'port': '8123'})
+    assert answer == ('success', True), answer
+    assert 'Sign In...' in a11y.popover_rows(), 'the popover changed before a second had passed'
+    wait_until(lambda: 'Sign Out...' in a11y.popover_rows(), 10, '"Sign Out..." in the popover')
+    elapsed = time.monotonic() - sent
+    assert elapsed >= 0.9, f'the popover changed {elapsed:.2f} s after the report'
+    rows = a11y.popover_rows()
+    assert rows[4:8] == ['Account', 'ada@example.com', 'Sign Out...', '---'], rows
+    assert 'Version: 2.4.1' in rows and 'Port: 8123' in rows, rows
+    assert 'Sign In...' not in rows, rows
+    desktop.screenshot('signed-in')
+    session.close()
+
+
+def launch_on_login_writes_the_job_file_and_loads_it_then_unloads_it(desktop, host):
+    session = Session(desktop, host)
+    session.open_popover()
+    job = os.path.join(desktop.home, '.local', 'share', 'LaunchAgents', 'com.vornix.os.launch.plist')
+    switch = wait_until(lambda: a11y.find(a11y.popover(), ('toggle button', 'switch'), 'Launch on Login'), 10, 'the switch')
+    desktop.click(*a11y.centre(switch))
+    wait_until(lambda: f'load {job}' in desktop.launchctl_calls(), 20, f'"launchctl load {job}"')
+    with open(job, 'rb') as file:
+        assert plistlib.load(file)['RunAtLoad'] is True
+    wait_until(lambda: ('switch', 'Launch on Login', True) in a11y.popover_rows(), 10, 'the switch to show on')
+
+    desktop.click(*a11y.centre(switch))
+    wait_until(lambda: f'unload {job}' in desktop.launchctl_calls(), 20, f'"launchctl unload {job}"')
+    with open(job, 'rb') as file:
+        assert plistlib.load(file)['RunAtLoad'] is False, 'the job file does not say RunAtLoad false'
+    assert desktop.launchctl_calls() == [f'load {job}', f'unload {job}'], desktop.launchctl_calls()
+    session.close()
+
+
+def every_command_button_sends_its_method_name_to_the_engine(desktop, host):
+    session = Session(desktop, host)
+    session.open_popover()
+    for label, method in [('Sign In...', 'sign_in'), ('Discover Integrations', 'add_integrations'),
+                          ('About', 'about'), ('Get Help', 'get_help'), ('Submit Feedback or Issues', 'feedback'),
+                          ('Quit', 'quit')]:
+        session.press(label)
+        arguments = session.engine.wait_for_call(UI, method)
+        assert arguments is None, f'"{method}" came with arguments {arguments!r}'
+    sent = [method for channel, method, _ in session.engine.calls if channel == UI]
+    assert sent == ['sign_in', 'add_integrations', 'about', 'get_help', 'feedback', 'quit'], sent
+    session.close()
+
+
+def hover_highlights_only_the_button_under_the_pointer(desktop, host):
+    session = Session(desktop, host)
+    session.open_popover()
+    about = session.button('About')
+    help_ = session.button('Get Help')
+
+    def shade(button):
+        x, y, width, height = a11y.extents(button)
+        image = desktop.screen_pixels()
+        return image(x + 2, y + height // 2)
+
+    plain = shade(about)
+    desktop.move_pointer(*a11y.centre(about))
+    wait_until(lambda: shade(about) == (128, 128, 128), 10, '"About" to turn gray under the pointer')
+    assert shade(help_) == plain
+    desktop.screenshot('hover')
+    desktop.move_pointer(*a11y.centre(help_))
+    wait_until(lambda: shade(help_) == (128, 128, 128), 10, '"Get Help" to turn gray under the pointer')
+    assert shade(about) == plain, 'the old button kept its highlight'
+    session.close()
+
+
+def a_second_launch_with_a_url_sends_url_params_and_shows_the_alert(desktop, host):
+    session = Session(desktop, host)
+    session.engine.wait_for_call(CUSTOM, 'hello')
+    url = 'vornix-os://open?user=1&asset=2&share=3'
+    assert desktop.launch_again(host, [url]) == 0
+    arguments = session.engine.wait_for_call(CUSTOM, 'urlParams')
+    assert arguments == {'user': '1', 'asset': '2', 'share': '3'}, arguments
+    alert = wait_until(lambda: a11y.showing_window(None, ('alert', 'dialog')), 20, 'the alert')
+    assert a11y.rows(alert)[0] == f'Open Vornix: Optional({url})', a11y.rows(alert)
+    desktop.screenshot('alert')
+    desktop.click(*a11y.centre(a11y.find(alert, ('push button',), 'OK')))
+    wait_until(lambda: a11y.showing_window(None, ('alert', 'dialog')) is None, 10, 'the alert to close')
+    assert desktop.host.poll() is None
+    session.close()
+
+
+def a_second_launch_without_a_url_toggles_the_popover_where_there_is_no_tray(desktop, host):
+    session = Session(desktop, host, tray=False)
+    assert desktop.launch_again(host) == 0
+    a11y.wait_for_popover()
+    assert a11y.popover_rows() == ROWS_SIGNED_OUT
+    assert desktop.launch_again(host) == 0
+    a11y.wait_for_popover_closed()
+    session.close()
+
+
+def launch_vornix_for_developers_without_the_companion_shows_not_detected(desktop, host):
+    session = Session(desktop, host)
+    session.open_popover()
+    session.press('Launch Vornix for Developers')
+    alert = wait_until(lambda: a11y.showing_window(None, ('alert', 'dialog')), 20, 'the alert')
+    assert a11y.rows(alert) == ['Not Detected', 'Please make sure Vornix for Developers is installed on your machine',
+                                'Install', 'Close'], a11y.rows(alert)
+    desktop.wait_for_host_line('Failure to Launch')
+    desktop.screenshot('not-detected')
+    desktop.click(*a11y.centre(a11y.find(alert, ('push button',), 'Close')))
+    wait_until(lambda: a11y.showing_window(None, ('alert', 'dialog')) is None, 10, 'the alert to close')
+    session.close()
+
+
+def the_host_ends_on_sigterm_and_removes_its_engine_socket(desktop, host):
+    session = Session(desktop, host)
+    session.engine.wait_for_call(CUSTOM, 'hello')
+    assert os.stat(desktop.engine_socket).st_mode & 0o777 == 0o600
+    assert desktop.stop_host() == 0
+    assert not os.path.exists(desktop.engine_socket)
+    session.close()
