@@ -1,5 +1,6 @@
 #include "app/LinuxHost.hpp"
 
+#include <filesystem>
 #include <iostream>
 #include <optional>
 
@@ -68,6 +69,17 @@ void registerGeneratedPlugins(engine::PluginRegistry& registry) {
     bitsdojo_window::BitsdojoWindowPlugin::registerWith(registry.registrarForPlugin("BitsdojoWindowPlugin"));
 }
 
+// On macOS the user's LaunchAgents folder is always there; in a Linux home the folder that
+// stands for it is not, so the host makes it, for the job file that "Launch on Login" writes.
+void makeLaunchAgentsFolder(const platform::Directories& directories) {
+    try {
+        std::error_code ignored;
+        std::filesystem::create_directories(directories.userLibraryFolder() / "LaunchAgents", ignored);
+    } catch (const std::filesystem::filesystem_error&) {
+        // No home to put it in: turning "Launch on Login" on reports the failure then.
+    }
+}
+
 HostOptions optionsOf(const std::vector<std::string>& arguments) {
     try {
         return parseCommandLine(arguments);
@@ -103,6 +115,8 @@ void LinuxHost::launched(const std::vector<std::string>& arguments) {
     GDBusConnection* sessionBus = g_application_get_dbus_connection(G_APPLICATION(host_->gtkApplication()));
     const host::WebEndpoints endpoints;
     services.updater = std::make_unique<gtk::LinuxUpdater>(endpoints, sessionBus);
+
+    makeLaunchAgentsFolder(services.directories);
 
     if (options.engineSocket) {
         try {
