@@ -1,5 +1,7 @@
 #include "app/LinuxHost.hpp"
 
+#include "app/DeferredUpdater.hpp"
+
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -19,7 +21,6 @@
 #include "platform/linux/GtkAlerts.hpp"
 #include "platform/linux/HostApplication.hpp"
 #include "platform/linux/LinuxApplication.hpp"
-#include "platform/linux/LinuxUpdater.hpp"
 #include "platform/linux/TrayPopovers.hpp"
 #include "platform/linux/TrayStatusBar.hpp"
 #include "platform/linux/UrlEventManager.hpp"
@@ -51,7 +52,8 @@ struct LinuxHost::Services {
     platform::ScopedPort<platform::AppleEventManager> urlEventsPort{&urlEvents};
     platform::ScopedPort<platform::Directories> directoriesPort{&directories};
     platform::ScopedPort<platform::Processes> processesPort{&processes};
-    std::unique_ptr<gtk::LinuxUpdater> updater;
+    std::unique_ptr<DeferredUpdater> updater;
+    std::optional<platform::ScopedPort<platform::Updater>> updaterPort;
 
     // The engine: whoever connects to the bridge's socket, or nobody.
     bridge::EngineBridge engineBridge;
@@ -114,7 +116,8 @@ void LinuxHost::launched(const std::vector<std::string>& arguments) {
     Services& services = *services_;
     GDBusConnection* sessionBus = g_application_get_dbus_connection(G_APPLICATION(host_->gtkApplication()));
     const host::WebEndpoints endpoints;
-    services.updater = std::make_unique<gtk::LinuxUpdater>(endpoints, sessionBus);
+    services.updater = std::make_unique<DeferredUpdater>(endpoints, sessionBus);
+    services.updaterPort.emplace(services.updater.get());
 
     makeLaunchAgentsFolder(services.directories);
 

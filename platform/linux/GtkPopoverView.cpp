@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <sstream>
+#include <utility>
 
 namespace vornix::platform::linux {
 
@@ -66,7 +67,19 @@ GtkPopoverView::~GtkPopoverView() {
 
 void GtkPopoverView::setEvents(PopoverViewEvents* events) { events_ = events; }
 
+void GtkPopoverView::materialize() {
+    if (!live_) {
+        live_ = true;
+        render(layout_, std::exchange(pending_, {}));
+    }
+}
+
 void GtkPopoverView::render(const PopoverLayout& layout, const std::vector<PopoverRow>& rows) {
+    if (!live_) {
+        layout_ = layout;
+        pending_ = rows;
+        return;
+    }
     applyLayout(layout);
     bool same = rows.size() == rows_.size();
     for (std::size_t i = 0; same && i < rows.size(); ++i) {

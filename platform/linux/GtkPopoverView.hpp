@@ -23,6 +23,10 @@ public:
     void setEvents(PopoverViewEvents* events) override;
 
     GtkWidget* widget() const { return box_; }
+    // Makes the widgets of the rows rendered so far, and of every render from now on. Until
+    // then a render is only kept: a popover that has never been opened costs no widgets, which
+    // keeps the host's start-up short.
+    void materialize();
 
 private:
     struct RowWidget {
@@ -44,6 +48,8 @@ private:
 
     GtkWidget* box_;
     PopoverLayout layout_;
+    std::vector<PopoverRow> pending_;
+    bool live_ = false;
     std::vector<RowWidget> rows_;
     PopoverViewEvents* events_ = nullptr;
 };

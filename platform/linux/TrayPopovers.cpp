@@ -47,6 +47,7 @@ void TrayPopover::show(Rect relativeTo, StatusBarButton& of, RectEdge preferredE
         const int height = static_cast<int>(std::lround(relativeTo.height));
         anchor = {anchor.x - width / 2, anchor.y - height / 2, width, height};
     }
+    view_.materialize();
     // AppKit's minimum-y edge is the bottom one: below the button.
     window_.showRelativeTo(anchor, preferredEdge != RectEdge::maxY);
 }
