@@ -174,6 +174,13 @@ class Desktop:
                                      env=self.env, preexec_fn=_die_with_test)
         return self.host
 
+    def start_host_plain(self, host, extra=()):
+        """Starts the host as a person would, with the real job-manager tool."""
+        out = open(self.host_output, 'ab')
+        self.host = subprocess.Popen([host] + list(extra), stdin=subprocess.DEVNULL, stdout=out,
+                                     stderr=subprocess.STDOUT, env=self.env, preexec_fn=_die_with_test)
+        return self.host
+
     def launch_again(self, host, arguments=(), timeout=20):
         """A second launch of the host, as a person starting it again or opening a URL; returns its exit status."""
         result = subprocess.run([host] + list(arguments), stdin=subprocess.DEVNULL, capture_output=True,
@@ -237,12 +244,14 @@ class Desktop:
 
     def screenshot(self, label):
         """Saves the whole screen as <artifacts>/<test>-<label>.png and returns the path."""
+        return self.save_screenshot(os.path.join(self.artifacts, f'{self.name}-{label}.png'))
+
+    def save_screenshot(self, path):
         import gi
         gi.require_version('Gdk', '3.0')
         from gi.repository import Gdk
         Gdk.init([])
         root = Gdk.get_default_root_window()
         image = Gdk.pixbuf_get_from_window(root, 0, 0, root.get_width(), root.get_height())
-        path = os.path.join(self.artifacts, f'{self.name}-{label}.png')
         image.savev(path, 'png', [], [])
         return path
