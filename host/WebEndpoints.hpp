@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace vornix::host {
+
+// The web addresses the host opens, in one place. The defaults are the product's; other values
+// serve tests and staging builds.
+struct WebEndpoints {
+    // The update site's root, opened after an update has relaunched the application.
+    std::string releaseNotesSite = "https://updates.vornix.com";
+    // Where "Vornix for Developers" is offered for download when it is not installed.
+    std::string installPage = "https://vornix.com/install";
+    // The release feed (an appcast) the updater reads, on the update site.
+    std::string updateFeed = "https://updates.vornix.com/appcast.xml";
+};
+
+}  // namespace vornix::host

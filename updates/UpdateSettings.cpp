@@ -1,0 +1,28 @@
+#include "updates/UpdateSettings.hpp"
+
+#include <charconv>
+#include <cstring>
+
+#include "base/Diagnostics.hpp"
+
+namespace vornix::updates {
+
+UpdateSettings withEnvironmentOverrides(UpdateSettings settings, const EnvironmentLookup& lookup) {
+    if (const char* url = lookup(feedUrlVariable); url != nullptr && *url != '\0') {
+        settings.feedUrl = url;
+    }
+    if (const char* timeout = lookup(timeoutVariable); timeout != nullptr && *timeout != '\0') {
+        double seconds = 0.0;
+        const char* end = timeout + std::strlen(timeout);
+        const auto [stop, error] = std::from_chars(timeout, end, seconds);
+        if (error == std::errc() && stop == end && seconds > 0.0 && seconds <= 3600.0) {
+            settings.timeoutSeconds = seconds;
+        } else {
+            base::printLine(std::string("Ignoring ") + timeoutVariable + "=" + timeout +
+                            ": not a number of seconds between 0 and 3600");
+        }
+    }
+    return settings;
+}
+
+}  // namespace vornix::updates
