@@ -1,5 +1,7 @@
 // Feeds untrusted bytes to every decoder of the engine's codecs. Each either decodes or throws
-// CodecError; whatever decodes must encode and decode again to the same thing.
+// CodecError. Whatever decodes must encode to bytes that decode and encode to the same bytes
+// again (the first encoding may differ from the input: padding is written as zeros, sizes in
+// their shortest form, and an int64 that fits as an int32).
 #include <cstdint>
 #include <cstdlib>
 #include <span>
@@ -20,24 +22,24 @@ void check(bool holds) {
 
 void message(std::span<const std::uint8_t> bytes) {
     try {
-        const EncodableValue value = StandardMessageCodec::decodeMessage(bytes);
-        check(StandardMessageCodec::decodeMessage(StandardMessageCodec::encodeMessage(value)) == value || bytes.empty());
+        const Bytes once = StandardMessageCodec::encodeMessage(StandardMessageCodec::decodeMessage(bytes));
+        check(StandardMessageCodec::encodeMessage(StandardMessageCodec::decodeMessage(once)) == once);
     } catch (const CodecError&) {
     }
 }
 
 void call(std::span<const std::uint8_t> bytes) {
     try {
-        const MethodCall decoded = StandardMethodCodec::decodeMethodCall(bytes);
-        check(StandardMethodCodec::decodeMethodCall(StandardMethodCodec::encodeMethodCall(decoded)) == decoded);
+        const Bytes once = StandardMethodCodec::encodeMethodCall(StandardMethodCodec::decodeMethodCall(bytes));
+        check(StandardMethodCodec::encodeMethodCall(StandardMethodCodec::decodeMethodCall(once)) == once);
     } catch (const CodecError&) {
     }
 }
 
 void envelope(std::span<const std::uint8_t> bytes) {
     try {
-        const MethodEnvelope decoded = StandardMethodCodec::decodeEnvelope(bytes);
-        check(StandardMethodCodec::decodeEnvelope(StandardMethodCodec::encodeEnvelope(decoded)) == decoded);
+        const Bytes once = StandardMethodCodec::encodeEnvelope(StandardMethodCodec::decodeEnvelope(bytes));
+        check(StandardMethodCodec::encodeEnvelope(StandardMethodCodec::decodeEnvelope(once)) == once);
     } catch (const CodecError&) {
     }
 }

@@ -12,13 +12,27 @@ namespace {
 using namespace vornix::engine;
 using vornix::engine::testing::hex;
 
-void expectMessageRefused(const Bytes& bytes, const std::string& because) {
+// `decode` throws CodecError for `bytes`, and its text names `because`.
+template <class Decode>
+void expectRefused(Decode decode, const Bytes& bytes, const std::string& because) {
     try {
-        StandardMessageCodec::decodeMessage(bytes);
+        decode(bytes);
         ADD_FAILURE() << "decoded, but should be refused because of " << because;
     } catch (const CodecError& error) {
         EXPECT_NE(std::string(error.what()).find(because), std::string::npos) << error.what();
     }
+}
+
+void expectMessageRefused(const Bytes& bytes, const std::string& because) {
+    expectRefused(StandardMessageCodec::decodeMessage, bytes, because);
+}
+
+void expectCallRefused(const Bytes& bytes, const std::string& because) {
+    expectRefused(StandardMethodCodec::decodeMethodCall, bytes, because);
+}
+
+void expectEnvelopeRefused(const Bytes& bytes, const std::string& because) {
+    expectRefused(StandardMethodCodec::decodeEnvelope, bytes, because);
 }
 
 TEST(MalformedInput, TruncatedValuesAreRefused) {
@@ -88,29 +102,11 @@ TEST(MalformedInput, TextThatIsNotUtf8IsRefused) {
     EXPECT_EQ(StandardMessageCodec::decodeMessage(hex("07 04 f09f9880")), EncodableValue("\xf0\x9f\x98\x80"));
 }
 
-void expectCallRefused(const Bytes& bytes, const std::string& because) {
-    try {
-        StandardMethodCodec::decodeMethodCall(bytes);
-        ADD_FAILURE() << "decoded, but should be refused because of " << because;
-    } catch (const CodecError& error) {
-        EXPECT_NE(std::string(error.what()).find(because), std::string::npos) << error.what();
-    }
-}
-
 TEST(MalformedInput, MethodCallsNeedAStringNameArgumentsAndNothingMore) {
     expectCallRefused(Bytes(), "truncated");
     expectCallRefused(hex("07 04 6f70656e"), "truncated");
     expectCallRefused(hex("03 01000000 00"), "name must be a string, not int32");
     expectCallRefused(hex("07 04 6f70656e 00 00"), "trailing");
-}
-
-void expectEnvelopeRefused(const Bytes& bytes, const std::string& because) {
-    try {
-        StandardMethodCodec::decodeEnvelope(bytes);
-        ADD_FAILURE() << "decoded, but should be refused because of " << because;
-    } catch (const CodecError& error) {
-        EXPECT_NE(std::string(error.what()).find(because), std::string::npos) << error.what();
-    }
 }
 
 TEST(MalformedInput, EnvelopesAreCheckedPartByPart) {
