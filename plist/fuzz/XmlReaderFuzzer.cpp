@@ -1,16 +1,7 @@
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
-
-#include "plist/DecodingError.hpp"
 #include "plist/XmlReader.hpp"
 #include "plist/fuzz/RoundTrip.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace vornix::plist;
-    try {
-        fuzz::checkRoundTrip(readXml(std::string_view(reinterpret_cast<const char*>(data), size)));
-    } catch (const DecodingError&) {
-    }
+    vornix::plist::fuzz::readAndRoundTrip(vornix::plist::readXml, data, size);
     return 0;
 }
