@@ -203,12 +203,13 @@ private:
 
     static void XMLCALL onText(void* data, const XML_Char* text, int length) {
         Reader& reader = self(data);
-        if (reader.leaf_) {
-            reader.text_.append(text, static_cast<std::size_t>(length));
-        } else if (!allXmlSpace(text, length)) {
-            reader.guarded([&] { reader.fail(reader.frames_.empty() ? "text outside any element"
-                                                                     : "text between elements"); });
-        }
+        reader.guarded([&] {
+            if (reader.leaf_) {
+                reader.text_.append(text, static_cast<std::size_t>(length));
+            } else if (!allXmlSpace(text, length)) {
+                reader.fail("text between elements");
+            }
+        });
     }
 
     static void XMLCALL onEntityDeclaration(void* data, const XML_Char* name, int, const XML_Char*, int,
