@@ -198,7 +198,11 @@ void LaunchControl::setURLFor(LaunchAgent& agent) const {
 }
 
 void LaunchControl::runLaunchctl(std::string verb, std::string operand) const {
-    platform::Processes::current().launch({std::string(launchctlTool), {std::move(verb), std::move(operand)}});
+    try {
+        platform::Processes::current().launch({std::string(launchctlTool), {std::move(verb), std::move(operand)}});
+    } catch (const std::system_error&) {
+        // Fire and forget: the job manager's failures go unnoticed, including failing to start at all.
+    }
 }
 
 void LaunchControl::load(const LaunchAgent& agent) const { runLaunchctl("load", jobFilePath(agent)); }
@@ -215,7 +219,12 @@ AgentStatus LaunchControl::status(const LaunchAgent& agent) const {
         platform::Invocation{std::string(grepTool), {agent.label}},
         platform::Invocation{std::string(cutTool), {"-f1"}},
     };
-    const std::string output = platform::Processes::current().runPipeline(pipeline);
+    std::string output;
+    try {
+        output = platform::Processes::current().runPipeline(pipeline);
+    } catch (const std::system_error&) {
+        // A pipeline that cannot start prints nothing, which reads as a job the manager does not know.
+    }
     const std::string_view text = trimmingLineEnds(isUtf8(output) ? std::string_view(output) : std::string_view());
     if (text == "-") {
         return AgentStatus::loaded();

@@ -40,9 +40,9 @@ private:
 //
 // Every file, folder and property-list error reaches the caller unchanged:
 // std::filesystem::filesystem_error (a std::system_error) for the folder and its files,
-// plist::DecodingError and plist::EncodingError for the contents. A tool that cannot be started
-// at all is the processes port's std::system_error; what a started tool then does is not
-// looked at.
+// plist::DecodingError and plist::EncodingError for the contents. The job manager is fire and
+// forget: neither what it does nor whether it could be started at all is looked at (a pipeline
+// that cannot start reads as empty output).
 class LaunchControl {
 public:
     // Agents to job-file bytes: an XML property list, version 1.0.

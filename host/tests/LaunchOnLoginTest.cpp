@@ -128,8 +128,8 @@ TEST_F(LaunchOnLoginTest, TurningTheSwitchOffUnloadsTheLaunchAgent) {
 }
 
 TEST_F(LaunchOnLoginTest, TheSwitchKeepsTheNewValueWhenLoadingFails) {
-    home.processes.treatAsMissing("/bin/launchctl");
     auto [root, output] = makeView();
+    std::filesystem::remove_all(home.agentsFolder());
     platform::doubles::FakePopoverView view;
     HostingController controller(root, view);
     testing::internal::CaptureStdout();
