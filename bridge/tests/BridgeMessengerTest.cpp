@@ -3,25 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "bridge/BridgeRegistry.hpp"
-#include "bridge/FrameReader.hpp"
+#include "bridge/tests/EngineEnd.hpp"
 #include "engine/MethodChannel.hpp"
 #include "engine/StandardMethodCodec.hpp"
 
 namespace vornix::bridge {
 namespace {
 
-struct EngineEnd {
-    FrameReader reader;
-    std::vector<Frame> frames;
-    EngineBridge::Writer writer() {
-        return [this](Bytes bytes) {
-            reader.feed(bytes);
-            while (auto frame = reader.next()) {
-                frames.push_back(std::move(*frame));
-            }
-        };
-    }
-};
+using testing::EngineEnd;
 
 TEST(BridgeMessengerTest, AChannelCallFromTheHostReachesTheEngineAsAMessageFrame) {
     EngineBridge bridge;

@@ -5,25 +5,12 @@
 #include <gtest/gtest.h>
 
 #include "bridge/FrameError.hpp"
-#include "bridge/FrameReader.hpp"
+#include "bridge/tests/EngineEnd.hpp"
 
 namespace vornix::bridge {
 namespace {
 
-// Plays the engine's end of the connection: collects what the host wrote as frames.
-struct EngineEnd {
-    FrameReader reader;
-    std::vector<Frame> frames;
-
-    EngineBridge::Writer writer() {
-        return [this](Bytes bytes) {
-            reader.feed(bytes);
-            while (auto frame = reader.next()) {
-                frames.push_back(std::move(*frame));
-            }
-        };
-    }
-};
+using testing::EngineEnd;
 
 TEST(EngineBridgeTest, WithoutAnEngineNothingIsWrittenAnywhere) {
     EngineBridge bridge;
