@@ -6,19 +6,18 @@
 #include <iostream>
 #include <optional>
 
-#include "bitsdojo_window_macos/macos/Classes/BitsdojoWindowPlugin.hpp"
 #include "bridge/BridgeRegistry.hpp"
 #include "bridge/EngineBridge.hpp"
 #include "host/AppDelegate.hpp"
-#include "host/CustomURLSchemes.hpp"
-#include "host/MenuBarSupport.hpp"
-#include "host/UIInteractions.hpp"
+#include "host/MainFlutterWindow.hpp"
 #include "platform/PosixProcesses.hpp"
 #include "platform/XdgDirectories.hpp"
 #include "platform/linux/EngineSocketServer.hpp"
 #include "platform/linux/GioWorkspace.hpp"
 #include "platform/linux/GlibMainQueue.hpp"
 #include "platform/linux/GtkAlerts.hpp"
+#include "platform/linux/GtkNativeWindow.hpp"
+#include "platform/linux/GdkMonitorScreen.hpp"
 #include "platform/linux/HostApplication.hpp"
 #include "platform/linux/LinuxApplication.hpp"
 #include "platform/linux/TrayPopovers.hpp"
@@ -28,6 +27,8 @@
 namespace vornix::app {
 
 namespace gtk = platform::linux;
+
+using MainWindow = host::MainFlutterWindow<gtk::GtkNativeWindow>;
 
 // Everything the primary instance runs on, made when it launches and kept until the process
 // ends. Ports are installed while they live.
@@ -41,6 +42,7 @@ struct LinuxHost::Services {
     gtk::GtkAlerts alerts;
     gtk::GioWorkspace workspace;
     gtk::UrlEventManager urlEvents;
+    gtk::GtkApplicationWindows windows;
     platform::XdgDirectories directories;
     platform::PosixProcesses processes;
     platform::ScopedPort<platform::MainQueue> mainQueuePort{&mainQueue};
@@ -50,6 +52,7 @@ struct LinuxHost::Services {
     platform::ScopedPort<platform::Alerts> alertsPort{&alerts};
     platform::ScopedPort<platform::Workspace> workspacePort{&workspace};
     platform::ScopedPort<platform::AppleEventManager> urlEventsPort{&urlEvents};
+    platform::ScopedPort<platform::ApplicationWindows> windowsPort{&windows};
     platform::ScopedPort<platform::Directories> directoriesPort{&directories};
     platform::ScopedPort<platform::Processes> processesPort{&processes};
     std::unique_ptr<DeferredUpdater> updater;
@@ -60,16 +63,11 @@ struct LinuxHost::Services {
     bridge::BridgeRegistry engine{engineBridge};
     std::unique_ptr<gtk::EngineSocketServer> engineSocket;
 
+    std::shared_ptr<MainWindow> mainWindow;
     std::unique_ptr<host::AppDelegate> delegate;
 };
 
 namespace {
-
-// The plug-ins the engine's build registers, in their fixed order. On Linux only the window
-// library's own plug-in is linked; the engine's other plug-ins come with its embedding.
-void registerGeneratedPlugins(engine::PluginRegistry& registry) {
-    bitsdojo_window::BitsdojoWindowPlugin::registerWith(registry.registrarForPlugin("BitsdojoWindowPlugin"));
-}
 
 // On macOS the user's LaunchAgents folder is always there; in a Linux home the folder that
 // stands for it is not, so the host makes it, for the job file that "Launch on Login" writes.
@@ -80,6 +78,32 @@ void makeLaunchAgentsFolder(const platform::Directories& directories) {
     } catch (const std::filesystem::filesystem_error&) {
         // No home to put it in: turning "Launch on Login" on reports the failure then.
     }
+}
+
+// The main window as the interface file would make it: titled and resizable, 1024 x 720 points
+// in the middle of the primary monitor's work area.
+std::shared_ptr<MainWindow> makeMainWindow(gtk::HostApplication& host) {
+    constexpr double width = 1024;
+    constexpr double height = 720;
+    GdkDisplay* display = gdk_display_get_default();
+    GdkMonitor* monitor = gdk_display_get_primary_monitor(display);
+    const platform::Rect visible =
+        monitor ? gtk::GdkMonitorScreen(monitor).visibleFrame() : platform::Rect{0, 0, width, height};
+    const platform::StyleMask style = platform::windowStyle::titled | platform::windowStyle::resizable;
+    auto window = std::make_shared<MainWindow>(
+        platform::Rect{visible.x + (visible.width - width) / 2, visible.y + (visible.height - height) / 2, width, height},
+        style);
+    window->setTitle("Vornix OS");
+    gtk_window_set_application(window->gtkWindow(), host.gtkApplication());
+    return window;
+}
+
+// The engine's view. The development engine draws in a process of its own, so on Linux the
+// view is an empty area that fills the window.
+GtkWidget* makeEngineView() {
+    GtkWidget* view = gtk_drawing_area_new();
+    gtk_widget_set_name(view, "engine-view");
+    return view;
 }
 
 HostOptions optionsOf(const std::vector<std::string>& arguments) {
@@ -133,13 +157,15 @@ void LinuxHost::launched(const std::vector<std::string>& arguments) {
         }
     }
 
-    // The main window wakes first: the engine's plug-ins in their order, then the host's two
-    // channels (the UI interactions one only where the menu-bar interface exists).
-    registerGeneratedPlugins(services.engine);
-    host::CustomURLSchemeHandler::registerWith(services.engine.registrarForPlugin("CustomURLSchemeHandler"));
-    if (host::systemSupportsMenuBar()) {
-        host::UIInteractions::registerWith(services.engine.registrarForPlugin("UIInteractions"));
-    }
+    // The main window wakes first: the engine's view, the engine's plug-ins in their order,
+    // the host's two channels; then it is ordered front, where it stays hidden until the
+    // engine allows it to be shown.
+    services.mainWindow = makeMainWindow(*host_);
+    services.windows.add(services.mainWindow);
+    services.mainWindow->awakeFromNib(services.engine, [&services] {
+        gtk_container_add(GTK_CONTAINER(services.mainWindow->gtkWindow()), makeEngineView());
+    });
+    services.mainWindow->makeKeyAndOrderFront();
 
     // Then the application has finished launching.
     services.delegate = std::make_unique<host::AppDelegate>(endpoints);

@@ -18,6 +18,16 @@ def windows():
     return json.loads(result.stdout or b'[]')
 
 
+def host_is_running():
+    result = subprocess.run([sys.executable, SNAPSHOT, '--applications'], capture_output=True, timeout=30)
+    return 'vornix-host' in json.loads(result.stdout or b'[]')
+
+
+def showing_windows():
+    """The names of the host's windows on the screen now."""
+    return [window['name'] for window in windows() if showing(window)]
+
+
 def showing(node):
     return node['showing']
 

@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Prints the host's accessibility tree as JSON: its showing windows and, under them, every
+"""Prints the host's accessibility tree as JSON (with --applications: the names of the
+applications on the accessibility bus): its showing windows and, under them, every
 showing node with its role, name, states and screen extents. Each look at the screen is its own
 short process, so no accessibility connection state is carried from one look to the next."""
 
@@ -36,6 +37,10 @@ def describe(node):
 
 def main():
     desktop = Atspi.get_desktop(0)
+    if sys.argv[1:] == ['--applications']:
+        names = [desktop.get_child_at_index(index).get_name() for index in range(desktop.get_child_count())]
+        json.dump(names, sys.stdout)
+        return
     windows = []
     for index in range(desktop.get_child_count()):
         application = desktop.get_child_at_index(index)

@@ -52,6 +52,8 @@ class Session:
 
 def popover_shows_the_exact_rows_before_any_report(desktop, host):
     session = Session(desktop, host)
+    assert a11y.host_is_running(), 'the host is not on the accessibility bus'
+    assert a11y.showing_windows() == [], 'a window shows before the popover is opened'
     assert session.tray.item_property('IconName') == 'TrayIcon'
     assert session.tray.item_property('IconPixmap'), 'the tray item has no pixels to show'
     popover = session.open_popover()
@@ -79,6 +81,7 @@ def clicking_elsewhere_closes_the_popover_and_the_host_keeps_running(desktop, ho
     desktop.click(200, 600)
     a11y.wait_for_popover_closed()
     assert desktop.host.poll() is None, 'the host ended with its last window'
+    assert a11y.showing_windows() == [], 'the main window shows before the engine allowed it'
     session.close()
 
 
