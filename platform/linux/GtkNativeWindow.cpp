@@ -32,6 +32,7 @@ private:
 GtkNativeWindow::GtkNativeWindow(Rect frame, StyleMask styleMask)
     : window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)), frame_(frame), styleMask_(styleMask) {
     g_object_ref_sink(window_);
+    gtk_window_set_resizable(GTK_WINDOW(window_), TRUE);
     // Closing by the window manager hides the window, as closing an NSWindow that is kept does.
     g_signal_connect(window_, "delete-event", G_CALLBACK(gtk_widget_hide_on_delete), nullptr);
     g_signal_connect(window_, "configure-event", G_CALLBACK(onConfigure), this);
@@ -87,6 +88,15 @@ void GtkNativeWindow::setMaxSize(Size size) {
 void GtkNativeWindow::applyGeometryHints() {
     GdkGeometry hints{};
     int mask = 0;
+    // A GTK window that is not resizable takes its content's size and ignores the frame it is
+    // given; so the window stays resizable for the program, and the person is held to its size.
+    if ((styleMask_ & windowStyle::resizable) == 0) {
+        hints.min_width = hints.max_width = pixels(frame_.width);
+        hints.min_height = hints.max_height = pixels(frame_.height);
+        gtk_window_set_geometry_hints(GTK_WINDOW(window_), nullptr, &hints,
+                                      static_cast<GdkWindowHints>(GDK_HINT_MIN_SIZE | GDK_HINT_MAX_SIZE));
+        return;
+    }
     if (minSize_) {
         hints.min_width = pixels(minSize_->width);
         hints.min_height = pixels(minSize_->height);
@@ -198,7 +208,7 @@ void GtkNativeWindow::setStyleMask(StyleMask mask) {
     styleMask_ = mask;
     const bool fullSizeContent = (mask & windowStyle::fullSizeContentView) != 0;
     gtk_window_set_decorated(GTK_WINDOW(window_), (mask & windowStyle::titled) != 0 && !fullSizeContent);
-    gtk_window_set_resizable(GTK_WINDOW(window_), (mask & windowStyle::resizable) != 0);
+    applyGeometryHints();
 }
 
 void GtkNativeWindow::setOpaque(bool opaque) {
@@ -212,6 +222,7 @@ void GtkNativeWindow::setOpaque(bool opaque) {
 }
 
 void GtkNativeWindow::moveAndResize() {
+    applyGeometryHints();
     const Rect gdk = gdkRectFromAppKit(frame_, primary());
     gtk_window_move(GTK_WINDOW(window_), pixels(gdk.x), pixels(gdk.y));
     gtk_window_resize(GTK_WINDOW(window_), std::max(1, pixels(gdk.width)), std::max(1, pixels(gdk.height)));
