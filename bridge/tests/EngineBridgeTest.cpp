@@ -12,6 +12,15 @@ namespace {
 
 using testing::EngineEnd;
 
+// A bridge with an engine connected from the start.
+class ConnectedBridgeTest : public ::testing::Test {
+protected:
+    ConnectedBridgeTest() { bridge.connect(engine.writer()); }
+
+    EngineBridge bridge;
+    EngineEnd engine;
+};
+
 TEST(EngineBridgeTest, WithoutAnEngineNothingIsWrittenAnywhere) {
     EngineBridge bridge;
     bridge.send("com.vornix.os/custom_url_scheme", {1});
@@ -45,10 +54,7 @@ TEST(EngineBridgeTest, AChannelKeepsOnlyABoundedNumberOfMessagesForALateEngine) 
     EXPECT_EQ(engine.frames[0].payload, Bytes{2});
 }
 
-TEST(EngineBridgeTest, TheEnginesReplyReachesTheSendersHandler) {
-    EngineBridge bridge;
-    EngineEnd engine;
-    bridge.connect(engine.writer());
+TEST_F(ConnectedBridgeTest, TheEnginesReplyReachesTheSendersHandler) {
     std::optional<Bytes> answer;
     bridge.send("c", {1}, [&](const Bytes& reply) { answer = reply; });
     ASSERT_EQ(engine.frames.size(), 1u);
@@ -56,35 +62,23 @@ TEST(EngineBridgeTest, TheEnginesReplyReachesTheSendersHandler) {
     EXPECT_EQ(answer, Bytes{0x01});
 }
 
-TEST(EngineBridgeTest, RepliesToMessagesSentWithoutAHandlerAreAccepted) {
-    EngineBridge bridge;
-    EngineEnd engine;
-    bridge.connect(engine.writer());
+TEST_F(ConnectedBridgeTest, RepliesToMessagesSentWithoutAHandlerAreAccepted) {
     bridge.send("c", {1});
     EXPECT_NO_THROW(bridge.receive(encodeFrame({FrameKind::reply, engine.frames[0].id, "", {}})));
 }
 
-TEST(EngineBridgeTest, AReplyToNoMessageBreaksTheProtocol) {
-    EngineBridge bridge;
-    EngineEnd engine;
-    bridge.connect(engine.writer());
+TEST_F(ConnectedBridgeTest, AReplyToNoMessageBreaksTheProtocol) {
     EXPECT_THROW(bridge.receive(encodeFrame({FrameKind::reply, 99, "", {}})), FrameError);
 }
 
-TEST(EngineBridgeTest, ASecondReplyToTheSameMessageBreaksTheProtocol) {
-    EngineBridge bridge;
-    EngineEnd engine;
-    bridge.connect(engine.writer());
+TEST_F(ConnectedBridgeTest, ASecondReplyToTheSameMessageBreaksTheProtocol) {
     bridge.send("c", {1});
     const Bytes reply = encodeFrame({FrameKind::reply, engine.frames[0].id, "", {}});
     bridge.receive(reply);
     EXPECT_THROW(bridge.receive(reply), FrameError);
 }
 
-TEST(EngineBridgeTest, AnEngineMessageReachesTheChannelsHandlerAndItsAnswerGoesBackWithTheSameId) {
-    EngineBridge bridge;
-    EngineEnd engine;
-    bridge.connect(engine.writer());
+TEST_F(ConnectedBridgeTest, AnEngineMessageReachesTheChannelsHandlerAndItsAnswerGoesBackWithTheSameId) {
     Bytes seen;
     bridge.setMessageHandler("com.vornix.os/ui_interactions", [&](const Bytes& message, EngineBridge::Reply reply) {
         seen = message;
@@ -96,19 +90,13 @@ TEST(EngineBridgeTest, AnEngineMessageReachesTheChannelsHandlerAndItsAnswerGoesB
     EXPECT_EQ(engine.frames[0], (Frame{FrameKind::reply, 31, "", {0x01}}));
 }
 
-TEST(EngineBridgeTest, AMessageOnAChannelWithoutAHandlerGetsAnEmptyReply) {
-    EngineBridge bridge;
-    EngineEnd engine;
-    bridge.connect(engine.writer());
+TEST_F(ConnectedBridgeTest, AMessageOnAChannelWithoutAHandlerGetsAnEmptyReply) {
     bridge.receive(encodeFrame({FrameKind::message, 4, "nobody/listens", {1}}));
     ASSERT_EQ(engine.frames.size(), 1u);
     EXPECT_EQ(engine.frames[0], (Frame{FrameKind::reply, 4, "", {}}));
 }
 
-TEST(EngineBridgeTest, AHandlerAnswersOnlyOnce) {
-    EngineBridge bridge;
-    EngineEnd engine;
-    bridge.connect(engine.writer());
+TEST_F(ConnectedBridgeTest, AHandlerAnswersOnlyOnce) {
     bridge.setMessageHandler("c", [](const Bytes&, EngineBridge::Reply reply) {
         reply({1});
         reply({2});
@@ -133,10 +121,7 @@ TEST(EngineBridgeTest, AnAnswerGivenAfterItsEngineLeftIsNotWrittenToTheNextEngin
     EXPECT_TRUE(second.frames.empty());
 }
 
-TEST(EngineBridgeTest, WhenTheEngineLeavesItsUnansweredMessagesGetEmptyReplies) {
-    EngineBridge bridge;
-    EngineEnd engine;
-    bridge.connect(engine.writer());
+TEST_F(ConnectedBridgeTest, WhenTheEngineLeavesItsUnansweredMessagesGetEmptyReplies) {
     std::optional<Bytes> answer;
     bridge.send("c", {1}, [&](const Bytes& reply) { answer = reply; });
     bridge.disconnect();
@@ -158,10 +143,7 @@ TEST(EngineBridgeTest, AfterTheEngineLeftMessagesAreKeptForTheNextOne) {
     EXPECT_EQ(second.frames[0].payload, Bytes{5});
 }
 
-TEST(EngineBridgeTest, FramesSplitAcrossReadsAreHandledWhenComplete) {
-    EngineBridge bridge;
-    EngineEnd engine;
-    bridge.connect(engine.writer());
+TEST_F(ConnectedBridgeTest, FramesSplitAcrossReadsAreHandledWhenComplete) {
     int calls = 0;
     bridge.setMessageHandler("c", [&](const Bytes&, EngineBridge::Reply) { ++calls; });
     const Bytes bytes = encodeFrame({FrameKind::message, 1, "c", {1, 2, 3, 4}});
@@ -171,10 +153,7 @@ TEST(EngineBridgeTest, FramesSplitAcrossReadsAreHandledWhenComplete) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST(EngineBridgeTest, RemovingAHandlerMakesItsChannelAnswerEmpty) {
-    EngineBridge bridge;
-    EngineEnd engine;
-    bridge.connect(engine.writer());
+TEST_F(ConnectedBridgeTest, RemovingAHandlerMakesItsChannelAnswerEmpty) {
     bridge.setMessageHandler("c", [](const Bytes&, EngineBridge::Reply reply) { reply({1}); });
     bridge.setMessageHandler("c", {});
     bridge.receive(encodeFrame({FrameKind::message, 1, "c", {}}));
