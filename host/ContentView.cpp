@@ -1,12 +1,17 @@
 #include "host/ContentView.hpp"
 
 #include <algorithm>
+#include <exception>
+#include <filesystem>
 
-#include "base/FatalError.hpp"
 #include "base/Diagnostics.hpp"
+#include "base/FatalError.hpp"
 #include "host/UIInteractions.hpp"
 #include "host/WebEndpoints.hpp"
+#include "launch_agent/LaunchControl.hpp"
+#include "launch_agent/StartAtLogin.hpp"
 #include "platform/Alerts.hpp"
+#include "platform/Files.hpp"
 #include "platform/MainQueue.hpp"
 #include "platform/Updater.hpp"
 #include "platform/Workspace.hpp"
@@ -22,6 +27,24 @@ using platform::FontDesign;
 using platform::FontWeight;
 using platform::RowKind;
 using Kind = ContentView::Action::Kind;
+
+// The application's own job file, which says whether it starts at login.
+constexpr std::string_view launchAgentFileName = "com.vornix.os.launch.plist";
+
+// The switch's state when the view is made: on exactly when the job file says RunAtLoad true. It is
+// not read again; afterwards the switch shows what the user last set.
+bool runAtLoadFromLaunchAgentFile() {
+    try {
+        const auto& control = launch_agent::LaunchControl::shared();
+        const std::filesystem::path file = control.launchAgentsURL() / launchAgentFileName;
+        auto agent = control.decoder.decode(platform::readWholeFile(file));
+        agent->url = file;
+        return agent->runAtLoad.value_or(false);
+    } catch (const std::exception& error) {
+        base::printLine(std::string("Something went wrong checking the launch agent file: ") + " " + error.what());
+        return false;
+    }
+}
 
 constexpr EdgeInsets allTen{10.0, 10.0, 10.0, 10.0};
 constexpr EdgeInsets buttonPadding{0.0, 2.0, 0.0, 2.0};
@@ -97,6 +120,8 @@ platform::PopoverLayout ContentView::layout() {
     return {platform::Alignment::leading, 200.0, platform::unbounded, platform::Alignment::topLeading,
             {platform::unbounded, platform::Alignment::leading, {3.0, 8.0, 3.0, 0.0}}};
 }
+
+ContentView::ContentView() : runAtLoad(runAtLoadFromLaunchAgentFile()), model(std::make_shared<SignedInModel>()) {}
 
 const ContentView& ContentView::sharedInstance() {
     // A function-local static: made once, and other threads wait for it while it is being made.
@@ -176,6 +201,18 @@ void ContentView::buttonPressed(const std::string& hoverId) const {
     if (row != rows().end()) {
         perform(row->action);
     }
+}
+
+Binding<bool> ContentView::launchOnLogin() const {
+    // The switch keeps the new value whatever loading or unloading does; their failures are lines
+    // on standard output only.
+    return runAtLoad.projectedValue().didSet([](const bool& isOn) {
+        if (isOn) {
+            launch_agent::StartAtLogin::shared().loadLaunchAgent();
+        } else {
+            launch_agent::StartAtLogin::shared().unloadLaunchAgent();
+        }
+    });
 }
 
 void ContentView::perform(const Action& action) const {

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <random>
 
 #include "plist/Base64.hpp"
 #include "plist/DateText.hpp"
@@ -70,29 +71,31 @@ struct ParserDeleter {
     void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
 };
 
+// One salt per process for expat's hash tables: still unknown to an author of a document
+// (so colliding attribute names cannot flood them), without a system call per parser.
+unsigned long processHashSalt() {
+    static const unsigned long salt = [] {
+        std::random_device device;
+        return (static_cast<unsigned long>(device()) << 32 | device()) | 1;
+    }();
+    return salt;
+}
+
 // Builds the value while expat walks the document. Finished values wait on one shared stack
 // (dictionary entries on another) until their container closes, so a container takes exactly
 // one allocation for its elements. Errors stop the parser from inside a handler and are thrown
 // once expat has returned, never across its C frames.
+//
+// Each thread keeps one reader, and with it one expat parser and the stacks' capacity: setting
+// them up anew costs more than the parse of a small job file.
 class Reader {
 public:
     Value read(std::string_view bytes) {
         if (bytes.size() > static_cast<std::size_t>(INT_MAX)) {
             throw DataCorrupted({}, "the document is larger than 2 GiB");
         }
-        std::unique_ptr<XML_ParserStruct, ParserDeleter> parser(XML_ParserCreate(nullptr));
-        if (!parser) {
-            throw std::bad_alloc();
-        }
-        parser_ = parser.get();
-        XML_SetUserData(parser_, this);
-        XML_SetElementHandler(parser_, &Reader::onStart, &Reader::onEnd);
-        XML_SetCharacterDataHandler(parser_, &Reader::onText);
-        XML_SetEntityDeclHandler(parser_, &Reader::onEntityDeclaration);
-        // With an external DTD subset (every plist names one) expat skips undeclared entities
-        // instead of failing; they are errors here, as no DTD is ever loaded.
-        XML_SetSkippedEntityHandler(parser_, &Reader::onSkippedEntity);
-
+        const Cleanup cleanup{*this};
+        resetParser();
         const XML_Status status = XML_Parse(parser_, bytes.data(), static_cast<int>(bytes.size()), XML_TRUE);
         if (failure_) {
             std::rethrow_exception(failure_);
@@ -108,13 +111,54 @@ public:
 
 private:
     static constexpr std::size_t maximumDepth = 512;
+    static constexpr std::size_t textCapacityKept = 64 * 1024;
 
     struct Frame {
+        explicit Frame(Element kind, std::size_t first = 0) : element(kind), firstItem(first) {}
+
         Element element;
         std::size_t firstItem = 0;  // dictionaries: first entry; arrays: first item
         bool keyPending = false;    // dictionaries: a <key> waits for its value
         bool hasValue = false;      // <plist>: holds its one value
+        std::string key;            // dictionaries: the pending key
     };
+
+    // Leaves the reader empty after every read, finished or failed, keeping only capacity.
+    struct Cleanup {
+        Reader& reader;
+        ~Cleanup() {
+            reader.failure_ = nullptr;
+            reader.frames_.clear();
+            reader.items_.clear();
+            reader.entries_.clear();
+            reader.leaf_.reset();
+            reader.result_.reset();
+            reader.text_.clear();
+            if (reader.text_.capacity() > textCapacityKept) {
+                reader.text_.shrink_to_fit();
+            }
+        }
+    };
+
+    void resetParser() {
+        if (!parserStorage_) {
+            parserStorage_.reset(XML_ParserCreate(nullptr));
+        } else if (!XML_ParserReset(parserStorage_.get(), nullptr)) {
+            parserStorage_.reset();
+        }
+        if (!parserStorage_) {
+            throw std::bad_alloc();
+        }
+        parser_ = parserStorage_.get();
+        XML_SetHashSalt(parser_, processHashSalt());
+        XML_SetUserData(parser_, this);
+        XML_SetElementHandler(parser_, &Reader::onStart, &Reader::onEnd);
+        XML_SetCharacterDataHandler(parser_, &Reader::onText);
+        XML_SetEntityDeclHandler(parser_, &Reader::onEntityDeclaration);
+        // With an external DTD subset (every plist names one) expat skips undeclared entities
+        // instead of failing; they are errors here, as no DTD is ever loaded.
+        XML_SetSkippedEntityHandler(parser_, &Reader::onSkippedEntity);
+    }
 
     static Reader& self(void* data) { return *static_cast<Reader*>(data); }
 
@@ -159,12 +203,13 @@ private:
 
     static void XMLCALL onText(void* data, const XML_Char* text, int length) {
         Reader& reader = self(data);
-        if (reader.leaf_) {
-            reader.text_.append(text, static_cast<std::size_t>(length));
-        } else if (!allXmlSpace(text, length)) {
-            reader.guarded([&] { reader.fail(reader.frames_.empty() ? "text outside any element"
-                                                                     : "text between elements"); });
-        }
+        reader.guarded([&] {
+            if (reader.leaf_) {
+                reader.text_.append(text, static_cast<std::size_t>(length));
+            } else if (!allXmlSpace(text, length)) {
+                reader.fail("text between elements");
+            }
+        });
     }
 
     static void XMLCALL onEntityDeclaration(void* data, const XML_Char* name, int, const XML_Char*, int,
@@ -193,7 +238,7 @@ private:
                 fail("<plist> inside a value");
                 return;
             }
-            frames_.push_back({Element::plist});
+            frames_.emplace_back(Element::plist);
             return;
         }
         if (element == Element::key) {
@@ -202,7 +247,7 @@ private:
                 return;
             }
             if (frames_.back().keyPending) {
-                fail("the key \"" + entries_.back().first + "\" has no value");
+                fail("the key \"" + frames_.back().key + "\" has no value");
                 return;
             }
         } else if (!frames_.empty() && frames_.back().element == Element::dict && !frames_.back().keyPending) {
@@ -215,7 +260,7 @@ private:
                 fail("containers nested deeper than " + std::to_string(maximumDepth) + " levels");
                 return;
             }
-            frames_.push_back({element, element == Element::dict ? entries_.size() : items_.size()});
+            frames_.emplace_back(element, element == Element::dict ? entries_.size() : items_.size());
             return;
         }
         leaf_ = element;
@@ -227,17 +272,14 @@ private:
             const Element element = *leaf_;
             leaf_.reset();
             if (element == Element::key) {
-                entries_.emplace_back(std::move(text_), Value());
-                text_.clear();
+                frames_.back().key.swap(text_);
                 frames_.back().keyPending = true;
                 return;
             }
-            if (std::optional<Value> value = leafValue(element)) {
-                add(std::move(*value));
-            }
+            finishLeaf(element);
             return;
         }
-        const Frame frame = frames_.back();
+        const Frame frame = std::move(frames_.back());
         frames_.pop_back();
         switch (frame.element) {
             case Element::plist:
@@ -254,7 +296,7 @@ private:
             }
             default: {
                 if (frame.keyPending) {
-                    fail("the key \"" + entries_.back().first + "\" has no value");
+                    fail("the key \"" + frame.key + "\" has no value");
                     return;
                 }
                 std::vector<Dictionary::Entry> entries(
@@ -267,55 +309,56 @@ private:
         }
     }
 
-    std::optional<Value> leafValue(Element element) {
+    // Turns the text of a finished leaf element into its value and adds it to its container.
+    void finishLeaf(Element element) {
         switch (element) {
-            case Element::string: {
-                Value value(std::move(text_));
+            case Element::string:
+                add(Value(std::move(text_)));
                 text_.clear();
-                return value;
-            }
+                return;
             case Element::integer: {
                 const IntegerText number = parseInteger(text_);
                 if (number.status == IntegerText::Status::ok) {
-                    return Value(number.value);
+                    add(Value(number.value));
+                } else {
+                    fail(number.status == IntegerText::Status::outOfRange
+                             ? "the integer \"" + text_ + "\" does not fit in 64 bits"
+                             : "\"" + text_ + "\" is not an integer");
                 }
-                fail(number.status == IntegerText::Status::outOfRange
-                         ? "the integer \"" + text_ + "\" does not fit in 64 bits"
-                         : "\"" + text_ + "\" is not an integer");
-                return std::nullopt;
+                return;
             }
-            case Element::real: {
+            case Element::real:
                 if (const std::optional<double> number = parseReal(text_)) {
-                    return Value(*number);
+                    add(Value(*number));
+                } else {
+                    fail("\"" + text_ + "\" is not a real");
                 }
-                fail("\"" + text_ + "\" is not a real");
-                return std::nullopt;
-            }
-            case Element::date: {
+                return;
+            case Element::date:
                 if (const std::optional<Date> date = parseDate(trimXmlSpace(text_))) {
-                    return Value(*date);
+                    add(Value(*date));
+                } else {
+                    fail("\"" + text_ + "\" is not a date of the form YYYY-MM-DDTHH:MM:SSZ");
                 }
-                fail("\"" + text_ + "\" is not a date of the form YYYY-MM-DDTHH:MM:SSZ");
-                return std::nullopt;
-            }
-            case Element::data: {
+                return;
+            case Element::data:
                 if (std::optional<Data> bytes = base64Decode(text_)) {
-                    return Value(std::move(*bytes));
+                    add(Value(std::move(*bytes)));
+                } else {
+                    fail("the data is not base64");
                 }
-                fail("the data is not base64");
-                return std::nullopt;
-            }
-            default: {
+                return;
+            default:
                 if (!allXmlSpace(text_.data(), static_cast<int>(text_.size()))) {
                     fail("text inside <" + std::string(elementName(element)) + "/>");
-                    return std::nullopt;
+                    return;
                 }
-                return Value(element == Element::trueValue);
-            }
+                add(Value(element == Element::trueValue));
+                return;
         }
     }
 
-    void add(Value value) {
+    void add(Value&& value) {
         if (frames_.empty()) {
             result_ = std::move(value);
             return;
@@ -332,12 +375,13 @@ private:
                 return;
             case Element::array: items_.push_back(std::move(value)); return;
             default:
-                entries_.back().second = std::move(value);
+                entries_.emplace_back(std::move(parent.key), std::move(value));
                 parent.keyPending = false;
                 return;
         }
     }
 
+    std::unique_ptr<XML_ParserStruct, ParserDeleter> parserStorage_;
     XML_Parser parser_ = nullptr;
     std::exception_ptr failure_;
     std::vector<Frame> frames_;
@@ -350,6 +394,9 @@ private:
 
 }  // namespace
 
-Value readXml(std::string_view bytes) { return Reader().read(bytes); }
+Value readXml(std::string_view bytes) {
+    thread_local Reader reader;
+    return reader.read(bytes);
+}
 
 }  // namespace vornix::plist

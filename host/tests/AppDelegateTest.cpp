@@ -7,6 +7,7 @@
 #include "engine/doubles/InMemoryRegistry.hpp"
 #include "host/ContentView.hpp"
 #include "host/CustomURLSchemes.hpp"
+#include "launch_agent/tests/LaunchControlTestHome.hpp"
 #include "platform/doubles/CountingUpdater.hpp"
 #include "platform/doubles/EventLog.hpp"
 #include "platform/doubles/FakeApplication.hpp"
@@ -105,6 +106,7 @@ protected:
     }
     platform::doubles::FakeStatusBarButton& button() { return *statusBar.items().at(0)->fakeButton(); }
 
+    vornix::launch_agent::testing::LaunchControlTestHome home;
     EventLog log;
     platform::doubles::ManualMainQueue queue;
     ScopedPort<platform::MainQueue> mainQueue{&queue};

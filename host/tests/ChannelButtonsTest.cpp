@@ -4,6 +4,7 @@
 #include "host/ContentView.hpp"
 #include "host/HostingController.hpp"
 #include "host/UIInteractions.hpp"
+#include "launch_agent/tests/LaunchControlTestHome.hpp"
 #include "platform/doubles/FakePopovers.hpp"
 #include "platform/doubles/ManualMainQueue.hpp"
 
@@ -30,6 +31,7 @@ protected:
 
     Calls sent() { return registry.messenger().sentCalls(channelName); }
 
+    vornix::launch_agent::testing::LaunchControlTestHome home;
     ManualMainQueue queue;
     ScopedPort<MainQueue> mainQueue{&queue};
     InMemoryRegistry registry;

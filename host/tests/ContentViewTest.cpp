@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <thread>
 
+#include "launch_agent/tests/LaunchControlTestHome.hpp"
 #include "platform/doubles/ManualMainQueue.hpp"
 
 namespace {
@@ -41,6 +42,7 @@ const PopoverRow& buttonIn(const std::vector<PopoverRow>& rows, const std::strin
 
 class ContentViewTest : public testing::Test {
 protected:
+    vornix::launch_agent::testing::LaunchControlTestHome home;
     ManualMainQueue queue;
     ScopedPort<MainQueue> mainQueue{&queue};
 };

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "launch_agent/tests/LaunchControlTestHome.hpp"
 #include "platform/doubles/FakePopovers.hpp"
 #include "platform/doubles/ManualMainQueue.hpp"
 
@@ -17,6 +18,7 @@ using vornix::platform::doubles::ManualMainQueue;
 
 class HostingControllerTest : public testing::Test {
 protected:
+    vornix::launch_agent::testing::LaunchControlTestHome home;
     ManualMainQueue queue;
     ScopedPort<MainQueue> mainQueue{&queue};
     FakePopoverView view;

@@ -3,6 +3,7 @@
 #include "host/ContentView.hpp"
 #include "host/HostingController.hpp"
 #include "host/WebEndpoints.hpp"
+#include "launch_agent/tests/LaunchControlTestHome.hpp"
 #include "platform/doubles/CountingUpdater.hpp"
 #include "platform/doubles/FakePopovers.hpp"
 #include "platform/doubles/FakeWorkspace.hpp"
@@ -26,6 +27,7 @@ protected:
         return testing::internal::GetCapturedStdout();
     }
 
+    vornix::launch_agent::testing::LaunchControlTestHome home;
     platform::doubles::ManualMainQueue queue;
     ScopedPort<platform::MainQueue> mainQueue{&queue};
     platform::doubles::FakeWorkspace workspace;

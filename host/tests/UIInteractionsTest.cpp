@@ -4,6 +4,7 @@
 
 #include "engine/doubles/InMemoryRegistry.hpp"
 #include "host/HostingController.hpp"
+#include "launch_agent/tests/LaunchControlTestHome.hpp"
 #include "platform/doubles/FakePopovers.hpp"
 #include "platform/doubles/ManualMainQueue.hpp"
 
@@ -39,6 +40,7 @@ protected:
         return registry.messenger().deliverCall(channelName, MethodCall{method, std::move(arguments)});
     }
 
+    vornix::launch_agent::testing::LaunchControlTestHome home;
     ManualMainQueue queue;
     ScopedPort<MainQueue> mainQueue{&queue};
     InMemoryRegistry registry;

@@ -1,5 +1,7 @@
 #include "plist/KeyedCoding.hpp"
 
+#include "plist/PropertyList.hpp"
+
 #include <gtest/gtest.h>
 
 #include <map>
@@ -320,6 +322,31 @@ TEST(DecodingError, AnErrorAtTheTopLevelHasNoPathInItsMessage) {
     const DataCorrupted error({}, "line 1, column 1: not a property list");
     EXPECT_EQ(error.pathText(), "");
     EXPECT_EQ(std::string(error.what()), "dataCorrupted: line 1, column 1: not a property list");
+}
+
+TEST(PropertyList, EncodeWritesARecordAsXmlBytesAndDecodeReadsThemBack) {
+    Job job("com.example.job");
+    job.program = "/usr/bin/true";
+    job.runAtLoad = true;
+    const std::string bytes = encode(job);
+    EXPECT_EQ(bytes,
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+              "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+              "<plist version=\"1.0\">\n<dict>\n\t<key>Label</key>\n\t<string>com.example.job</string>\n"
+              "\t<key>Program</key>\n\t<string>/usr/bin/true</string>\n\t<key>RunAtLoad</key>\n\t<true/>\n"
+              "</dict>\n</plist>\n");
+    const auto back = decode<std::shared_ptr<Job>>(bytes);
+    EXPECT_EQ(back->label, "com.example.job");
+    EXPECT_EQ(back->program, "/usr/bin/true");
+    EXPECT_EQ(back->runAtLoad, true);
+    EXPECT_EQ(decode<Value>(bytes), encodeValue(job));
+}
+
+TEST(PropertyList, DecodePassesEveryErrorKindToTheCaller) {
+    EXPECT_THROW(decode<Job>("<plist><dict/>"), DataCorrupted);
+    EXPECT_THROW(decode<Job>("<plist><dict/></plist>"), KeyNotFound);
+    EXPECT_THROW(decode<Job>("<plist><array/></plist>"), TypeMismatch);
+    EXPECT_THROW(decode<Job>("<plist><dict><key>Label</key><string>$null</string></dict></plist>"), ValueNotFound);
 }
 
 TEST(RawValues, GiveEachCaseItsRawValueAndBack) {

@@ -1,26 +1,17 @@
-#include "tool/ToolMain.hpp"
-
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "tool/tests/ToolRun.hpp"
+
 namespace {
 
-struct ToolRun {
-    int status;
-    std::string out;
-    std::string err;
-};
+using vornix::tool::testing::ToolRun;
 
 ToolRun codec(std::vector<std::string> args, const std::string& input = "") {
     args.insert(args.begin(), "codec");
-    std::istringstream in(input);
-    std::ostringstream out;
-    std::ostringstream err;
-    const int status = vornix::tool::runTool(args, in, out, err);
-    return {status, out.str(), err.str()};
+    return vornix::tool::testing::runToolWith(std::move(args), input);
 }
 
 std::string encode(const std::string& json) {

@@ -8,25 +8,15 @@
 
 #include <unistd.h>
 
-#include "tool/ToolMain.hpp"
+#include "tool/tests/ToolRun.hpp"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-struct ToolRun {
-    int status;
-    std::string out;
-    std::string err;
-};
+using vornix::tool::testing::ToolRun;
 
-ToolRun runTool(std::vector<std::string> args) {
-    std::istringstream in;
-    std::ostringstream out;
-    std::ostringstream err;
-    const int status = vornix::tool::runTool(args, in, out, err);
-    return {status, out.str(), err.str()};
-}
+ToolRun runTool(std::vector<std::string> args) { return vornix::tool::testing::runToolWith(std::move(args)); }
 
 constexpr std::string_view jobXml =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"

@@ -1,28 +1,16 @@
-#include "tool/ToolMain.hpp"
-
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "base/Version.hpp"
+#include "tool/tests/ToolRun.hpp"
 
 namespace {
 
-struct ToolRun {
-    int status;
-    std::string out;
-    std::string err;
-};
+using vornix::tool::testing::ToolRun;
 
-ToolRun runTool(std::vector<std::string> args) {
-    std::istringstream in;
-    std::ostringstream out;
-    std::ostringstream err;
-    const int status = vornix::tool::runTool(args, in, out, err);
-    return {status, out.str(), err.str()};
-}
+ToolRun runTool(std::vector<std::string> args) { return vornix::tool::testing::runToolWith(std::move(args)); }
 
 TEST(ToolMain, VersionPrintsTheHostVersion) {
     const ToolRun run = runTool({"--version"});
