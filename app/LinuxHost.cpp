@@ -6,7 +6,7 @@
 #include <iostream>
 #include <optional>
 
-#include "bridge/BridgeRegistry.hpp"
+#include "bridge/BridgeEmbedding.hpp"
 #include "bridge/EngineBridge.hpp"
 #include "host/AppDelegate.hpp"
 #include "host/MainFlutterWindow.hpp"
@@ -60,7 +60,8 @@ struct LinuxHost::Services {
 
     // The engine: whoever connects to the bridge's socket, or nobody.
     bridge::EngineBridge engineBridge;
-    bridge::BridgeRegistry engine{engineBridge};
+    bridge::BridgeEmbedding embedding{engineBridge};
+    platform::ScopedPort<engine::Embedding> embeddingPort{&embedding};
     std::unique_ptr<gtk::EngineSocketServer> engineSocket;
 
     std::shared_ptr<MainWindow> mainWindow;
@@ -82,7 +83,7 @@ void makeLaunchAgentsFolder(const platform::Directories& directories) {
 
 // The main window as the interface file would make it: titled and resizable, 1024 x 720 points
 // in the middle of the primary monitor's work area.
-std::shared_ptr<MainWindow> makeMainWindow(gtk::HostApplication& host) {
+std::shared_ptr<MainWindow> loadMainWindow(gtk::HostApplication& host) {
     constexpr double width = 1024;
     constexpr double height = 720;
     GdkDisplay* display = gdk_display_get_default();
@@ -90,20 +91,12 @@ std::shared_ptr<MainWindow> makeMainWindow(gtk::HostApplication& host) {
     const platform::Rect visible =
         monitor ? gtk::GdkMonitorScreen(monitor).visibleFrame() : platform::Rect{0, 0, width, height};
     const platform::StyleMask style = platform::windowStyle::titled | platform::windowStyle::resizable;
-    auto window = std::make_shared<MainWindow>(
+    auto window = host::loadMainFlutterWindow<gtk::GtkNativeWindow>(
         platform::Rect{visible.x + (visible.width - width) / 2, visible.y + (visible.height - height) / 2, width, height},
         style);
     window->setTitle("Vornix OS");
     gtk_window_set_application(window->gtkWindow(), host.gtkApplication());
     return window;
-}
-
-// The engine's view. The development engine draws in a process of its own, so on Linux the
-// view is an empty area that fills the window.
-GtkWidget* makeEngineView() {
-    GtkWidget* view = gtk_drawing_area_new();
-    gtk_widget_set_name(view, "engine-view");
-    return view;
 }
 
 HostOptions optionsOf(const std::vector<std::string>& arguments) {
@@ -160,11 +153,8 @@ void LinuxHost::launched(const std::vector<std::string>& arguments) {
     // The main window wakes first: the engine's view, the engine's plug-ins in their order,
     // the host's two channels; then it is ordered front, where it stays hidden until the
     // engine allows it to be shown.
-    services.mainWindow = makeMainWindow(*host_);
+    services.mainWindow = loadMainWindow(*host_);
     services.windows.add(services.mainWindow);
-    services.mainWindow->awakeFromNib(services.engine, [&services] {
-        gtk_container_add(GTK_CONTAINER(services.mainWindow->gtkWindow()), makeEngineView());
-    });
     services.mainWindow->makeKeyAndOrderFront();
 
     // Then the application has finished launching.

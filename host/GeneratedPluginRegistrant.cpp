@@ -1,11 +1,15 @@
 #include "host/GeneratedPluginRegistrant.hpp"
 
-#include "bitsdojo_window_macos/macos/Classes/BitsdojoWindowPlugin.hpp"
-
 namespace vornix::host {
 
-void RegisterGeneratedPlugins(engine::PluginRegistry& registry) {
-    bitsdojo_window::BitsdojoWindowPlugin::registerWith(registry.registrarForPlugin("BitsdojoWindowPlugin"));
+void registerLinkedPlugins(engine::PluginRegistry& registry, const LinkedPlugins& plugins) {
+    for (const GeneratedPlugin& plugin : generatedPlugins) {
+        if (const PluginRegistration registerWith = plugins.*plugin.registration) {
+            registerWith(registry.registrarForPlugin(plugin.registrarKey));
+        }
+    }
 }
+
+void RegisterGeneratedPlugins(engine::PluginRegistry& registry) { registerLinkedPlugins(registry, linkedPlugins()); }
 
 }  // namespace vornix::host

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "bridge/BridgeRegistry.hpp"
+#include "bridge/BridgeEmbedding.hpp"
 #include "bridge/tests/EngineEnd.hpp"
 #include "engine/MethodChannel.hpp"
 #include "engine/StandardMethodCodec.hpp"
@@ -54,9 +54,11 @@ TEST(BridgeMessengerTest, AnEmptyHandlerRemovesTheChannelsHandler) {
     EXPECT_TRUE(engine.frames[0].payload.empty());
 }
 
-TEST(BridgeRegistryTest, EveryPluginKeyGetsARegistrarOnTheOneMessenger) {
+TEST(BridgeEmbeddingTest, EveryPluginKeyGetsARegistrarOnTheOneMessenger) {
     EngineBridge bridge;
-    BridgeRegistry registry(bridge);
+    BridgeEmbedding embedding(bridge);
+    auto controller = embedding.makeViewController();
+    engine::FlutterViewController& registry = *controller;
     engine::PluginRegistrar* first = registry.registrarForPlugin("BitsdojoWindowPlugin");
     engine::PluginRegistrar* second = registry.registrarForPlugin("UIInteractions");
     ASSERT_NE(first, nullptr);
@@ -64,6 +66,19 @@ TEST(BridgeRegistryTest, EveryPluginKeyGetsARegistrarOnTheOneMessenger) {
     EXPECT_NE(first, second);
     EXPECT_EQ(&first->messenger(), &second->messenger());
     EXPECT_EQ(registry.registrarForPlugin("BitsdojoWindowPlugin"), first);
+}
+
+TEST(BridgeEmbeddingTest, EveryViewControllerSpeaksOverTheOneBridge) {
+    EngineBridge bridge;
+    EngineEnd engine;
+    bridge.connect(engine.writer());
+    BridgeEmbedding embedding(bridge);
+    auto first = embedding.makeViewController();
+    auto second = embedding.makeViewController();
+    const std::uint8_t message[] = {1};
+    first->registrarForPlugin("a")->messenger().send("c", message);
+    second->registrarForPlugin("b")->messenger().send("c", message);
+    EXPECT_EQ(engine.frames.size(), 2u);
 }
 
 }  // namespace

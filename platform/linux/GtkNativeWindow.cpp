@@ -195,6 +195,16 @@ void GtkNativeWindow::performWindowDrag(std::shared_ptr<Event> event) {
                                pixels(press.y_root), press.time);
 }
 
+void GtkNativeWindow::setContentViewController(std::shared_ptr<engine::FlutterViewController> controller) {
+    contentViewController_ = std::move(controller);
+    if (GtkWidget* old = gtk_bin_get_child(GTK_BIN(window_))) {
+        gtk_container_remove(GTK_CONTAINER(window_), old);
+    }
+    GtkWidget* view = gtk_drawing_area_new();
+    gtk_widget_set_name(view, "engine-view");
+    gtk_container_add(GTK_CONTAINER(window_), view);
+}
+
 std::optional<Rect> GtkNativeWindow::contentViewFrame() const {
     if (!gtk_bin_get_child(GTK_BIN(window_))) {
         return std::nullopt;

@@ -5,6 +5,7 @@
 
 #include <gtk/gtk.h>
 
+#include "engine/FlutterViewController.hpp"
 #include "platform/ApplicationWindows.hpp"
 #include "platform/Window.hpp"
 
@@ -58,6 +59,12 @@ public:
     void setOpaque(bool opaque) override;
     void setMovable(bool movable) override { movable_ = movable; }
 
+    // The engine's view becomes the window's whole content; the window keeps its size. The
+    // engines this backend hosts draw in processes of their own, so the view is an empty area.
+    void setContentViewController(std::shared_ptr<engine::FlutterViewController> controller);
+    // Called once when the window has been made as the interface file would; nothing to do here.
+    virtual void awakeFromNib() {}
+
     GtkWindow* gtkWindow() const { return GTK_WINDOW(window_); }
     // Whether the window is on the screen now (mapped), as opposed to wanted there.
     bool mapped() const;
@@ -71,6 +78,7 @@ private:
     void applyGeometryHints();
 
     GtkWidget* window_;
+    std::shared_ptr<engine::FlutterViewController> contentViewController_;
     Rect frame_;
     StyleMask styleMask_;
     bool visible_ = false;

@@ -1,13 +1,17 @@
-#include "bridge/BridgeRegistry.hpp"
+#include "bridge/BridgeEmbedding.hpp"
 
 namespace vornix::bridge {
 
-engine::PluginRegistrar* BridgeRegistry::registrarForPlugin(std::string_view key) {
+engine::PluginRegistrar* BridgeViewController::registrarForPlugin(std::string_view key) {
     auto found = registrars_.find(key);
     if (found == registrars_.end()) {
         found = registrars_.emplace(std::string(key), std::make_unique<Registrar>(messenger_)).first;
     }
     return found->second.get();
+}
+
+std::shared_ptr<engine::FlutterViewController> BridgeEmbedding::makeViewController() {
+    return std::make_shared<BridgeViewController>(bridge_);
 }
 
 }  // namespace vornix::bridge
