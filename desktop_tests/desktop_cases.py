@@ -206,3 +206,35 @@ def the_host_ends_on_sigterm_and_removes_its_engine_socket(desktop, host):
     assert desktop.stop_host() == 0
     assert not os.path.exists(desktop.engine_socket)
     session.close()
+
+
+def read_lines(path):
+    try:
+        with open(path) as file:
+            return file.read().splitlines()
+    except FileNotFoundError:
+        return []
+
+
+def install_in_the_not_detected_alert_opens_the_install_page(desktop, host):
+    browser = desktop.install_url_handler('https', 'stand-in-browser')
+    session = Session(desktop, host)
+    session.open_popover()
+    session.press('Launch Vornix for Developers')
+    alert = wait_until(lambda: a11y.showing_window(None, ('alert', 'dialog')), 20, 'the alert')
+    desktop.click(*a11y.centre(a11y.find(alert, ('push button',), 'Install')))
+    wait_until(lambda: read_lines(browser), 20, 'the browser to be started')
+    assert read_lines(browser) == ['started https://vornix.com/install'], read_lines(browser)
+    session.close()
+
+
+def launch_vornix_for_developers_starts_the_installed_companion(desktop, host):
+    companion = desktop.install_url_handler('vornix-for-developers', 'stand-in-companion')
+    session = Session(desktop, host)
+    session.open_popover()
+    session.press('Launch Vornix for Developers')
+    wait_until(lambda: read_lines(companion), 20, 'the companion application to be started')
+    assert read_lines(companion) == ['started '], read_lines(companion)
+    assert a11y.showing_window(None, ('alert', 'dialog')) is None, 'an alert showed though the companion is there'
+    assert 'Failure to Launch' not in desktop.host_lines()
+    session.close()

@@ -151,6 +151,25 @@ class Desktop:
                 shutil.copy(os.path.join(self.root, log), os.path.join(self.artifacts, f'{self.name}-{log}'))
         shutil.rmtree(self.root, ignore_errors=True)
 
+    def install_url_handler(self, scheme, name):
+        """Makes a stand-in application, in the temporary home, the default handler of `scheme`;
+        it records each start, with its arguments, as a line of the returned log. Call it before
+        the host starts."""
+        log = os.path.join(self.root, f'{name}.log')
+        program = os.path.join(self.root, f'{name}.sh')
+        with open(program, 'w') as script:
+            script.write(f"#!/bin/sh\nprintf 'started %s\\n' \"$*\" >> '{log}'\n")
+        os.chmod(program, 0o755)
+        applications = os.path.join(self.env['XDG_DATA_HOME'], 'applications')
+        os.makedirs(applications, exist_ok=True)
+        with open(os.path.join(applications, f'{name}.desktop'), 'w') as entry:
+            entry.write(f'[Desktop Entry]\nType=Application\nName={name}\nExec={program} %u\n'
+                        f'MimeType=x-scheme-handler/{scheme};\n')
+        os.makedirs(self.env['XDG_CONFIG_HOME'], exist_ok=True)
+        with open(os.path.join(self.env['XDG_CONFIG_HOME'], 'mimeapps.list'), 'a') as defaults:
+            defaults.write(f'[Default Applications]\nx-scheme-handler/{scheme}={name}.desktop\n')
+        return log
+
     # -- the host ------------------------------------------------------------------------------
 
     def write_standin(self):
