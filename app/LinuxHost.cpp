@@ -190,9 +190,14 @@ void LinuxHost::relaunched(const std::vector<std::string>& arguments) {
 }
 
 void LinuxHost::terminating() {
-    if (services_ && services_->delegate) {
+    if (!services_) {
+        return;
+    }
+    if (services_->delegate) {
         services_->delegate->applicationWillTerminate();
     }
+    // The engine's socket file goes with the process.
+    services_->engineSocket.reset();
 }
 
 }  // namespace vornix::app

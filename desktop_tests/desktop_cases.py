@@ -193,6 +193,7 @@ def launch_vornix_for_developers_without_the_companion_shows_not_detected(deskto
     assert a11y.rows(alert) == ['Not Detected', 'Please make sure Vornix for Developers is installed on your machine',
                                 'Install', 'Close'], a11y.rows(alert)
     desktop.wait_for_host_line('Failure to Launch')
+    a11y.wait_for_popover_closed()
     desktop.screenshot('not-detected')
     desktop.click(*a11y.centre(a11y.find(alert, ('push button',), 'Close')))
     wait_until(lambda: a11y.showing_window(None, ('alert', 'dialog')) is None, 10, 'the alert to close')
@@ -237,4 +238,14 @@ def launch_vornix_for_developers_starts_the_installed_companion(desktop, host):
     assert read_lines(companion) == ['started '], read_lines(companion)
     assert a11y.showing_window(None, ('alert', 'dialog')) is None, 'an alert showed though the companion is there'
     assert 'Failure to Launch' not in desktop.host_lines()
+    session.close()
+
+
+def the_host_ends_on_sigterm_even_while_an_alert_is_open(desktop, host):
+    session = Session(desktop, host)
+    session.open_popover()
+    session.press('Launch Vornix for Developers')
+    wait_until(lambda: a11y.showing_window(None, ('alert', 'dialog')), 20, 'the alert')
+    assert desktop.stop_host() == 0
+    assert not os.path.exists(desktop.engine_socket)
     session.close()

@@ -2,6 +2,8 @@
 
 #include <gtk/gtk.h>
 
+#include "platform/linux/PopupWindow.hpp"
+
 namespace vornix::platform::linux {
 
 namespace {
@@ -36,8 +38,9 @@ ModalResponse GtkAlerts::runModal(const Alert& alert) {
     gtk_window_set_keep_above(GTK_WINDOW(dialog), TRUE);
     gtk_window_set_deletable(GTK_WINDOW(dialog), FALSE);
 
-    // A popover that holds the pointer and keyboard lets go, so that the alert can be answered.
-    gdk_seat_ungrab(gdk_display_get_default_seat(gdk_display_get_default()));
+    // An open popover closes, and with it lets go of the pointer and keyboard, so that the
+    // alert can be answered.
+    PopupWindow::closeTransientPopups();
 
     int response = GTK_RESPONSE_NONE;
     while (response < 0) {

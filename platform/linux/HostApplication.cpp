@@ -1,6 +1,7 @@
 #include "platform/linux/HostApplication.hpp"
 
 #include <csignal>
+#include <cstdlib>
 
 #include <glib-unix.h>
 
@@ -45,15 +46,19 @@ int HostApplication::onCommandLine(GApplication* application, GApplicationComman
     return 0;
 }
 
+// The system ends the host: its last words, then the process ends, also when the signal comes
+// while a modal alert runs a main loop of its own, which quitting the application's would not end.
 gboolean HostApplication::onTerminationSignal(gpointer self) {
-    static_cast<HostApplication*>(self)->quit();
-    return G_SOURCE_CONTINUE;
+    static_cast<HostApplication*>(self)->terminate();
+    std::exit(0);
 }
 
-void HostApplication::onShutdown(GApplication*, gpointer self) {
-    auto& host = *static_cast<HostApplication*>(self);
-    if (host.launched_ && host.handlers_.terminating) {
-        host.handlers_.terminating();
+void HostApplication::onShutdown(GApplication*, gpointer self) { static_cast<HostApplication*>(self)->terminate(); }
+
+void HostApplication::terminate() {
+    if (launched_ && !terminated_ && handlers_.terminating) {
+        terminated_ = true;
+        handlers_.terminating();
     }
 }
 

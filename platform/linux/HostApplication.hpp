@@ -11,7 +11,8 @@ namespace vornix::platform::linux {
 // The host's GtkApplication: one instance per user session. The first launch becomes the
 // primary instance and runs until it is told to quit; later launches hand their command line to
 // it over D-Bus and exit. The process does not end when its last window closes (it holds the
-// application), only on quit() or a termination signal.
+// application), only on quit() or a termination signal (SIGTERM, SIGINT, SIGHUP), which ends the
+// process with status 0 after the termination handler, even from within a modal alert.
 class HostApplication {
 public:
     struct Handlers {
@@ -39,9 +40,13 @@ private:
     static void onShutdown(GApplication* application, gpointer self);
     static gboolean onTerminationSignal(gpointer self);
 
+    // Runs the termination handler, once.
+    void terminate();
+
     GtkApplication* application_;
     Handlers handlers_;
     bool launched_ = false;
+    bool terminated_ = false;
     std::vector<guint> signalSources_;
 };
 

@@ -1,10 +1,30 @@
 #include "platform/linux/PopupWindow.hpp"
 
 #include <algorithm>
+#include <vector>
 
 namespace vornix::platform::linux {
 
+namespace {
+
+// The popups that exist, for closeTransientPopups; all on the main thread.
+std::vector<PopupWindow*>& popups() {
+    static std::vector<PopupWindow*> all;
+    return all;
+}
+
+}  // namespace
+
+void PopupWindow::closeTransientPopups() {
+    for (PopupWindow* popup : popups()) {
+        if (popup->transient_ && popup->shown()) {
+            popup->close();
+        }
+    }
+}
+
 PopupWindow::PopupWindow() : window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)) {
+    popups().push_back(this);
     g_object_ref_sink(window_);
     GtkWindow* window = GTK_WINDOW(window_);
     gtk_window_set_title(window, "Vornix OS");
@@ -26,6 +46,7 @@ PopupWindow::PopupWindow() : window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)) {
 }
 
 PopupWindow::~PopupWindow() {
+    std::erase(popups(), this);
     ungrab();
     gtk_widget_destroy(window_);
     g_object_unref(window_);

@@ -33,6 +33,10 @@ public:
 
     GtkWidget* window() const { return window_; }
 
+    // Closes every transient popup that is shown: a modal window of the host (an alert) takes
+    // the person's attention, as a click elsewhere would.
+    static void closeTransientPopups();
+
 private:
     static gboolean onButtonPress(GtkWidget* widget, GdkEventButton* event, gpointer self);
     static gboolean onKeyPress(GtkWidget* widget, GdkEventKey* event, gpointer self);
