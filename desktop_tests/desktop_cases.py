@@ -1,8 +1,11 @@
 """The desktop tests: each drives the real vornix-host from outside, as a person would, through
 the tray, the pointer and the keyboard, and reads what it shows through the accessibility tree."""
 
+import http.server
 import os
 import plistlib
+import subprocess
+import threading
 import time
 
 import accessibility as a11y
@@ -249,3 +252,82 @@ def the_host_ends_on_sigterm_even_while_an_alert_is_open(desktop, host):
     assert desktop.stop_host() == 0
     assert not os.path.exists(desktop.engine_socket)
     session.close()
+
+
+class FeedServer:
+    """An appcast served on the loopback address, as the update site would serve it."""
+
+    def __init__(self, body):
+        payload = body.encode()
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                self.send_response(200)
+                self.send_header('Content-Type', 'application/rss+xml')
+                self.send_header('Content-Length', str(len(payload)))
+                self.end_headers()
+                self.wfile.write(payload)
+
+            def log_message(self, *args):
+                pass
+
+        self.server = http.server.HTTPServer(('127.0.0.1', 0), Handler)
+        self.url = f'http://127.0.0.1:{self.server.server_port}/appcast.xml'
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+
+    def close(self):
+        self.server.shutdown()
+        self.server.server_close()
+
+
+def appcast(version):
+    return f'''<?xml version="1.0" encoding="utf-8"?>
+<rss version="2.0" xmlns:sparkle="http://www.andymatuschak.org/xml-namespaces/sparkle">
+  <channel>
+    <title>Vornix OS</title>
+    <item>
+      <title>Vornix OS {version}</title>
+      <sparkle:version>{version}</sparkle:version>
+      <sparkle:shortVersionString>{version}</sparkle:shortVersionString>
+      <sparkle:releaseNotesLink>https://updates.vornix.com/notes/{version}.html</sparkle:releaseNotesLink>
+      <enclosure url="https://updates.vornix.com/vornix-os-{version}.tar.gz" length="1" type="application/octet-stream"/>
+    </item>
+  </channel>
+</rss>
+'''
+
+
+def running_version(host):
+    return subprocess.run([host, '--version'], check=True, capture_output=True, text=True).stdout.split()[-1]
+
+
+def check_for_updates_alert_for(desktop, host, served_version):
+    """Serves a feed whose newest item is `served_version`, presses "Check for Updates..." and
+    returns the rows of the alert that answers it."""
+    feed = FeedServer(appcast(served_version))
+    desktop.env['VORNIX_UPDATE_FEED_URL'] = feed.url
+    session = Session(desktop, host)
+    session.open_popover()
+    session.press('Check for Updates...')
+    alert = wait_until(lambda: a11y.showing_window(None, ('alert', 'dialog')), 30, 'the update alert')
+    rows = a11y.rows(alert)
+    desktop.screenshot('check-for-updates-' + served_version)
+    buttons = [row for row in rows if a11y.find(alert, ('push button',), row)]
+    desktop.click(*a11y.centre(a11y.find(alert, ('push button',), buttons[-1])))
+    wait_until(lambda: a11y.showing_window(None, ('alert', 'dialog')) is None, 10, 'the alert to close')
+    session.close()
+    feed.close()
+    return rows
+
+
+def check_for_updates_offers_the_newer_version_a_served_feed_lists(desktop, host):
+    rows = check_for_updates_alert_for(desktop, host, '99.0.0')
+    assert rows == ['Vornix OS 99.0.0 is available',
+                    f'You have version {running_version(host)}. Download the new version to update.',
+                    'Download', 'Release Notes', 'Later'], rows
+
+
+def check_for_updates_says_the_running_version_is_the_newest(desktop, host):
+    version = running_version(host)
+    rows = check_for_updates_alert_for(desktop, host, version)
+    assert rows == ['Vornix OS is up to date', f'Version {version} is the newest version available.', 'OK'], rows
