@@ -119,6 +119,7 @@ int LinuxHost::run(int argc, char** argv) {
                                                           [this](const auto& arguments) { launched(arguments); },
                                                           [this](const auto& arguments) { relaunched(arguments); },
                                                           [this] { terminating(); },
+                                                          [this] { windowClosed(); },
                                                       });
     host_ = &application;
     const int status = application.run(argc, argv);
@@ -186,6 +187,12 @@ void LinuxHost::relaunched(const std::vector<std::string>& arguments) {
     // click on its icon would, also where there is no tray to click.
     if (auto item = services_->statusBar.item()) {
         item->trayButton().click(std::nullopt);
+    }
+}
+
+void LinuxHost::windowClosed() {
+    if (services_ && services_->delegate) {
+        services_->delegate->windowDidClose();
     }
 }
 

@@ -28,6 +28,7 @@ private:
     void launched(const std::vector<std::string>& arguments);
     void relaunched(const std::vector<std::string>& arguments);
     void terminating();
+    void windowClosed();
 
     platform::linux::HostApplication* host_ = nullptr;
     std::unique_ptr<Services> services_;

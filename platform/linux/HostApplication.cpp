@@ -12,6 +12,7 @@ HostApplication::HostApplication(const std::string& applicationId, Handlers hand
       handlers_(std::move(handlers)) {
     g_signal_connect(application_, "command-line", G_CALLBACK(onCommandLine), this);
     g_signal_connect(application_, "shutdown", G_CALLBACK(onShutdown), this);
+    g_signal_connect(application_, "window-removed", G_CALLBACK(onWindowRemoved), this);
 }
 
 HostApplication::~HostApplication() {
@@ -37,7 +38,7 @@ int HostApplication::onCommandLine(GApplication* application, GApplicationComman
         return 0;
     }
     host.launched_ = true;
-    // A background service: it keeps running with no window open.
+    // Held, as NSApplication runs until told to end: the delegate decides about the last window.
     g_application_hold(application);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         host.signalSources_.push_back(g_unix_signal_add(signal, onTerminationSignal, self));
@@ -54,6 +55,13 @@ gboolean HostApplication::onTerminationSignal(gpointer self) {
 }
 
 void HostApplication::onShutdown(GApplication*, gpointer self) { static_cast<HostApplication*>(self)->terminate(); }
+
+void HostApplication::onWindowRemoved(GtkApplication*, GtkWindow*, gpointer self) {
+    auto& host = *static_cast<HostApplication*>(self);
+    if (!host.terminated_ && host.handlers_.windowClosed) {
+        host.handlers_.windowClosed();
+    }
+}
 
 void HostApplication::terminate() {
     if (launched_ && !terminated_ && handlers_.terminating) {

@@ -10,8 +10,9 @@ namespace vornix::platform::linux {
 
 // The host's GtkApplication: one instance per user session. The first launch becomes the
 // primary instance and runs until it is told to quit; later launches hand their command line to
-// it over D-Bus and exit. The process does not end when its last window closes (it holds the
-// application), only on quit() or a termination signal (SIGTERM, SIGINT, SIGHUP), which ends the
+// it over D-Bus and exit. Like NSApplication it ends only when told to (it holds the
+// application): closing a window is reported, and whether that ends it is the delegate's call.
+// It ends on quit() or a termination signal (SIGTERM, SIGINT, SIGHUP), which ends the
 // process with status 0 after the termination handler, even from within a modal alert.
 class HostApplication {
 public:
@@ -22,6 +23,8 @@ public:
         std::function<void(const std::vector<std::string>& arguments)> relaunched;
         // The application is ending: last words before the main loop stops.
         std::function<void()> terminating;
+        // One of the application's windows has gone.
+        std::function<void()> windowClosed;
     };
 
     HostApplication(const std::string& applicationId, Handlers handlers);
@@ -38,6 +41,7 @@ public:
 private:
     static int onCommandLine(GApplication* application, GApplicationCommandLine* commandLine, gpointer self);
     static void onShutdown(GApplication* application, gpointer self);
+    static void onWindowRemoved(GtkApplication* application, GtkWindow* window, gpointer self);
     static gboolean onTerminationSignal(gpointer self);
 
     // Runs the termination handler, once.
