@@ -1,5 +1,8 @@
 #include "app/DeferredUpdater.hpp"
 
+#include "platform/linux/HttpFetcherModule.hpp"
+#include "platform/linux/HttpFetcherModuleEntry.hpp"
+
 namespace vornix::app {
 
 DeferredUpdater::DeferredUpdater(host::WebEndpoints endpoints, GDBusConnection* sessionBus)
@@ -25,7 +28,10 @@ platform::Updater& DeferredUpdater::updater() {
     if (!linuxUpdater_) {
         // While it lives the Linux updater is also the installed updater; this one stays the
         // host's handle on it.
-        linuxUpdater_ = std::make_unique<platform::linux::LinuxUpdater>(endpoints_, sessionBus_);
+        linuxUpdater_ = std::make_unique<platform::linux::LinuxUpdater>(
+            endpoints_, sessionBus_,
+            std::make_unique<platform::linux::HttpFetcherModule>(platform::linux::modulesFolder() /
+                                                                 platform::linux::httpFetcherModuleFileName));
         linuxUpdater_->updater().setDelegate(delegate_);
     }
     return linuxUpdater_->updater();

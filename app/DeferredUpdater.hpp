@@ -10,10 +10,9 @@
 
 namespace vornix::app {
 
-// The host's updater port: it makes the Linux updater (libcurl and its TLS library, the
-// desktop notifications) on the first check rather than at start-up, where it would cost the
-// host about a quarter of its memory and of its time to the tray. Until then it only keeps the
-// delegate, which it hands on.
+// The host's updater port: it makes the Linux updater (its HTTP fetcher module, the desktop
+// notifications) on the first check rather than at start-up, which needs neither. Until then it
+// only keeps the delegate, which it hands on.
 class DeferredUpdater : public platform::Updater {
 public:
     DeferredUpdater(host::WebEndpoints endpoints, GDBusConnection* sessionBus);

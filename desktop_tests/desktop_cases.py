@@ -331,3 +331,22 @@ def check_for_updates_says_the_running_version_is_the_newest(desktop, host):
     version = running_version(host)
     rows = check_for_updates_alert_for(desktop, host, version)
     assert rows == ['Vornix OS is up to date', f'Version {version} is the newest version available.', 'OK'], rows
+
+
+def the_network_libraries_are_loaded_by_the_first_update_check_not_at_start(desktop, host):
+    def network_files():
+        return sorted(path.strip() for path in desktop.host_mapped_files()
+                      if 'libcurl' in path or 'vornix-http-fetcher' in path)
+
+    feed = FeedServer(appcast(running_version(host)))
+    desktop.env['VORNIX_UPDATE_FEED_URL'] = feed.url
+    session = Session(desktop, host)
+    session.open_popover()
+    assert network_files() == [], f'the host mapped {network_files()} before any update check'
+    session.press('Check for Updates...')
+    wait_until(lambda: a11y.showing_window(None, ('alert', 'dialog')), 30, 'the update alert')
+    loaded = network_files()
+    assert any(path.endswith('/vornix-http-fetcher.so') for path in loaded), loaded
+    assert any('/libcurl.so' in path for path in loaded), loaded
+    session.close()
+    feed.close()

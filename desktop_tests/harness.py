@@ -215,6 +215,12 @@ class Desktop:
     def wait_for_host_line(self, line, timeout=20):
         wait_until(lambda: line in self.host_lines(), timeout, f'the host to print "{line}"')
 
+    def host_mapped_files(self):
+        """The files the running host has mapped: its libraries and modules. The host is the
+        process started (unshare and the shell exec into it)."""
+        with open(f'/proc/{self.host.pid}/maps') as maps:
+            return {fields[5] for fields in (line.split(maxsplit=5) for line in maps) if len(fields) == 6}
+
     def stop_host(self, timeout=10):
         self.host.send_signal(signal.SIGTERM)
         try:

@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Installs the build into a temporary prefix and checks that the result is usable: the host
-# runs from there and finds its icon, and the desktop entry makes it the vornix-os URL handler.
-#   install_layout.sh BUILD_DIR
+# runs from there and finds its icon, the desktop entry makes it the vornix-os URL handler, and
+# the HTTP fetcher module sits in the modules folder while the host itself does not need libcurl.
+#   install_layout.sh BUILD_DIR LIBDIR
 set -euo pipefail
 build=$1
+libdir=$2
 prefix=$(mktemp -d /tmp/vornix-install-XXXXXX)
 trap 'rm -rf "$prefix"' EXIT
 
@@ -23,4 +25,9 @@ version=$("$prefix/bin/vornix-host" --version)
 [[ $version == "vornix-host "* ]] || fail "the installed host does not run"
 symbols=$(nm -D "$prefix/bin/vornix-host")
 grep -q " T bitsdojo_window_api$" <<<"$symbols" || fail "bitsdojo_window_api is not exported"
+[[ -f "$prefix/$libdir/vornix-host/vornix-http-fetcher.so" ]] || fail "no $libdir/vornix-host/vornix-http-fetcher.so"
+ldd "$prefix/$libdir/vornix-host/vornix-http-fetcher.so" | grep -q "libcurl" || fail "the HTTP fetcher module does not use libcurl"
+if ldd "$prefix/bin/vornix-host" | grep -q "libcurl"; then
+  fail "the host loads libcurl at start-up"
+fi
 echo "install layout: ok"

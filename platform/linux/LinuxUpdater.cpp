@@ -25,8 +25,10 @@ updates::Version linuxSystemVersion() {
     return updates::Version::parse(system.release).value_or(*updates::Version::parse("0"));
 }
 
-LinuxUpdater::LinuxUpdater(const host::WebEndpoints& endpoints, GDBusConnection* sessionBus)
-    : notifications_(sessionBus, std::string(updates::productName)),
+LinuxUpdater::LinuxUpdater(const host::WebEndpoints& endpoints, GDBusConnection* sessionBus,
+                           std::unique_ptr<HttpFetcher> fetcher)
+    : fetcher_(std::move(fetcher)),
+      notifications_(sessionBus, std::string(updates::productName)),
       updater_(settingsFor(endpoints), *updates::Version::parse(base::hostVersion()), linuxSystemVersion()) {}
 
 }  // namespace vornix::platform::linux

@@ -8,6 +8,7 @@
 #include "platform/doubles/MainQueueWaiting.hpp"
 #include "platform/doubles/ManualMainQueue.hpp"
 #include "platform/doubles/RecordingAlerts.hpp"
+#include "platform/linux/tests/BuiltHttpFetcherModule.hpp"
 #include "platform/linux/tests/LoopbackHttpServer.hpp"
 
 // The Linux host's updater as the application uses it: installed as the updater port, reading a
@@ -22,6 +23,7 @@ using vornix::platform::doubles::RecordingAlerts;
 using vornix::platform::doubles::runUntil;
 using vornix::platform::linux::LinuxUpdater;
 using vornix::platform::linux::linuxSystemVersion;
+using vornix::platform::linux::testing::builtHttpFetcherModule;
 using vornix::platform::linux::testing::LoopbackHttpServer;
 
 const char* const newerFeed = R"(<?xml version="1.0" encoding="utf-8"?>
@@ -65,7 +67,7 @@ protected:
 
 TEST_F(LinuxUpdaterTest, InstallsItselfAsTheUpdaterWhileItLives) {
     {
-        LinuxUpdater linuxUpdater(WebEndpoints{}, nullptr);
+        LinuxUpdater linuxUpdater(WebEndpoints{}, nullptr, builtHttpFetcherModule());
         EXPECT_EQ(Updater::installed(), &linuxUpdater.updater());
         EXPECT_NE(HttpFetcher::installed(), nullptr);
         EXPECT_NE(Notifications::installed(), nullptr);
@@ -78,7 +80,7 @@ TEST_F(LinuxUpdaterTest, ReadsTheFeedConfiguredWithTheOtherWebEndpoints) {
     server.serve("/appcast.xml", newerFeed);
     WebEndpoints endpoints;
     endpoints.updateFeed = server.url("/appcast.xml");
-    LinuxUpdater linuxUpdater(endpoints, nullptr);
+    LinuxUpdater linuxUpdater(endpoints, nullptr, builtHttpFetcherModule());
     checkAndWait(linuxUpdater);
     ASSERT_EQ(alerts.shown().size(), 1u);
     EXPECT_EQ(alerts.shown()[0].messageText, "Vornix OS 7.1 is available");
@@ -88,7 +90,7 @@ TEST_F(LinuxUpdaterTest, ReadsTheFeedConfiguredWithTheOtherWebEndpoints) {
 TEST_F(LinuxUpdaterTest, TheEnvironmentPointsItAtAServedFeed) {
     server.serve("/staging/appcast.xml", newerFeed);
     ::setenv("VORNIX_UPDATE_FEED_URL", server.url("/staging/appcast.xml").c_str(), 1);
-    LinuxUpdater linuxUpdater(WebEndpoints{}, nullptr);
+    LinuxUpdater linuxUpdater(WebEndpoints{}, nullptr, builtHttpFetcherModule());
     alerts.answerWithButton(1);
     checkAndWait(linuxUpdater);
     ASSERT_EQ(alerts.shown().size(), 1u);
@@ -100,7 +102,7 @@ TEST_F(LinuxUpdaterTest, AShortTimeOutFromTheEnvironmentEndsACheckOnASlowServer)
     server.route("/appcast.xml", LoopbackHttpServer::Route::held());
     ::setenv("VORNIX_UPDATE_FEED_URL", server.url("/appcast.xml").c_str(), 1);
     ::setenv("VORNIX_UPDATE_TIMEOUT", "0.3", 1);
-    LinuxUpdater linuxUpdater(WebEndpoints{}, nullptr);
+    LinuxUpdater linuxUpdater(WebEndpoints{}, nullptr, builtHttpFetcherModule());
     ::testing::internal::CaptureStdout();
     checkAndWait(linuxUpdater);
     const std::string printed = ::testing::internal::GetCapturedStdout();
@@ -111,7 +113,7 @@ TEST_F(LinuxUpdaterTest, AShortTimeOutFromTheEnvironmentEndsACheckOnASlowServer)
 
 TEST_F(LinuxUpdaterTest, AFeedThatCannotBeFetchedSaysSo) {
     ::setenv("VORNIX_UPDATE_FEED_URL", server.url("/missing.xml").c_str(), 1);
-    LinuxUpdater linuxUpdater(WebEndpoints{}, nullptr);
+    LinuxUpdater linuxUpdater(WebEndpoints{}, nullptr, builtHttpFetcherModule());
     ::testing::internal::CaptureStdout();
     checkAndWait(linuxUpdater);
     ::testing::internal::GetCapturedStdout();

@@ -5,11 +5,11 @@
 
 #include "platform/doubles/MainQueueWaiting.hpp"
 #include "platform/doubles/ManualMainQueue.hpp"
-#include "platform/linux/CurlHttpFetcher.hpp"
+#include "platform/linux/tests/BuiltHttpFetcherModule.hpp"
 #include "platform/linux/tests/LoopbackHttpServer.hpp"
 #include "updates/UpdateChecker.hpp"
 
-// Update checks end to end on this machine: the real libcurl fetcher against a local server
+// Update checks end to end on this machine: the HTTP fetcher module against a local server
 // serving appcasts, the checker reading them, its report on a manual main queue.
 namespace {
 
@@ -18,7 +18,7 @@ using vornix::platform::MainQueue;
 using vornix::platform::ScopedPort;
 using vornix::platform::doubles::ManualMainQueue;
 using vornix::platform::doubles::runUntil;
-using vornix::platform::linux::CurlHttpFetcher;
+using vornix::platform::linux::testing::builtHttpFetcherModule;
 using vornix::platform::linux::testing::LoopbackHttpServer;
 using vornix::updates::CheckFailed;
 using vornix::updates::CheckMode;
@@ -68,8 +68,8 @@ protected:
 
     ManualMainQueue queue;
     ScopedPort<MainQueue> queuePort{&queue};
-    CurlHttpFetcher fetcher;
-    ScopedPort<HttpFetcher> fetcherPort{&fetcher};
+    std::unique_ptr<HttpFetcher> fetcher = builtHttpFetcherModule();
+    ScopedPort<HttpFetcher> fetcherPort{fetcher.get()};
     LoopbackHttpServer server;
 };
 

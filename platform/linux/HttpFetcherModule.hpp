@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "platform/HttpFetcher.hpp"
+
+namespace vornix::platform::linux {
+
+// The HTTP fetcher that lives in the module at `file`, loaded on the first fetch rather than
+// when this is made: libcurl brings OpenSSL, GnuTLS and Kerberos with it, a quarter of the host's
+// memory and start-up time, for a check that runs rarely and off the main thread. A module that
+// cannot be loaded fails every fetch with `HttpFailure::other` and says why in the detail.
+class HttpFetcherModule : public HttpFetcher {
+public:
+    explicit HttpFetcherModule(std::filesystem::path file);
+    ~HttpFetcherModule() override;
+
+    HttpResponse fetch(const HttpRequest& request) override;
+
+private:
+    void load();
+
+    std::filesystem::path file_;
+    std::once_flag loading_;
+    std::unique_ptr<HttpFetcher> fetcher_;
+    std::string loadError_;
+};
+
+// Where the installed host keeps its modules: <prefix>/<libdir>/vornix-host beside
+// <prefix>/bin/vornix-host, the same layout in the build tree.
+std::filesystem::path modulesFolder();
+
+}  // namespace vornix::platform::linux
