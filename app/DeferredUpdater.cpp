@@ -2,6 +2,7 @@
 
 #include "platform/linux/HttpFetcherModule.hpp"
 #include "platform/linux/HttpFetcherModuleEntry.hpp"
+#include "platform/linux/Resources.hpp"
 
 namespace vornix::app {
 

@@ -35,10 +35,4 @@ void HttpFetcherModule::load() {
     ::dlclose(handle);
 }
 
-std::filesystem::path modulesFolder() {
-    std::error_code error;
-    const std::filesystem::path executable = std::filesystem::read_symlink("/proc/self/exe", error);
-    return executable.parent_path().parent_path() / VORNIX_MODULES_FOLDER;
-}
-
 }  // namespace vornix::platform::linux

@@ -29,8 +29,4 @@ private:
     std::string loadError_;
 };
 
-// Where the installed host keeps its modules: <prefix>/<libdir>/vornix-host beside
-// <prefix>/bin/vornix-host, the same layout in the build tree.
-std::filesystem::path modulesFolder();
-
 }  // namespace vornix::platform::linux

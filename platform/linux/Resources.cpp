@@ -6,11 +6,20 @@ namespace vornix::platform::linux {
 
 namespace fs = std::filesystem;
 
-fs::path resourcesFolder() {
+namespace {
+
+// <prefix>, the folder above the running executable's bin/.
+fs::path installPrefix() {
     std::error_code error;
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-    return executable.parent_path().parent_path() / "share" / "vornix-host";
+    return executable.parent_path().parent_path();
 }
+
+}  // namespace
+
+fs::path resourcesFolder() { return installPrefix() / "share" / "vornix-host"; }
+
+fs::path modulesFolder() { return installPrefix() / VORNIX_MODULES_FOLDER; }
 
 std::optional<fs::path> imageFile(std::string_view name) {
     for (const char* extension : {".svg", ".png"}) {

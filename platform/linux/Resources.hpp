@@ -10,6 +10,10 @@ namespace vornix::platform::linux {
 // same layout in the build tree and in an installed tree.
 std::filesystem::path resourcesFolder();
 
+// The application's modules, loaded when first needed: <prefix>/<libdir>/vornix-host, laid out
+// like the resources.
+std::filesystem::path modulesFolder();
+
 // The file of the image called `name` in the resources (an SVG, or else a PNG), if there is one.
 std::optional<std::filesystem::path> imageFile(std::string_view name);
 
