@@ -26,8 +26,11 @@ version=$("$prefix/bin/vornix-host" --version)
 symbols=$(nm -D "$prefix/bin/vornix-host")
 grep -q " T bitsdojo_window_api$" <<<"$symbols" || fail "bitsdojo_window_api is not exported"
 [[ -f "$prefix/$libdir/vornix-host/vornix-http-fetcher.so" ]] || fail "no $libdir/vornix-host/vornix-http-fetcher.so"
-ldd "$prefix/$libdir/vornix-host/vornix-http-fetcher.so" | grep -q "libcurl" || fail "the HTTP fetcher module does not use libcurl"
-if ldd "$prefix/bin/vornix-host" | grep -q "libcurl"; then
+# Read whole before matching: with pipefail, grep -q leaving early would fail the pipeline.
+module_libraries=$(ldd "$prefix/$libdir/vornix-host/vornix-http-fetcher.so")
+grep -q "libcurl" <<<"$module_libraries" || fail "the HTTP fetcher module does not use libcurl"
+host_libraries=$(ldd "$prefix/bin/vornix-host")
+if grep -q "libcurl" <<<"$host_libraries"; then
   fail "the host loads libcurl at start-up"
 fi
 echo "install layout: ok"
