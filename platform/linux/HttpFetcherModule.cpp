@@ -8,10 +8,6 @@ namespace vornix::platform::linux {
 
 HttpFetcherModule::HttpFetcherModule(std::filesystem::path file) : file_(std::move(file)) {}
 
-// The module stays mapped once loaded (RTLD_NODELETE): libcurl's TLS libraries register exit
-// handlers and keep global state, which must outlive any one fetcher.
-HttpFetcherModule::~HttpFetcherModule() = default;
-
 HttpResponse HttpFetcherModule::fetch(const HttpRequest& request) {
     std::call_once(loading_, [this] { load(); });
     if (!fetcher_) {
@@ -21,6 +17,8 @@ HttpResponse HttpFetcherModule::fetch(const HttpRequest& request) {
 }
 
 void HttpFetcherModule::load() {
+    // The module stays mapped once loaded (RTLD_NODELETE): libcurl's TLS libraries register exit
+    // handlers and keep global state, which must outlive any one fetcher.
     void* handle = ::dlopen(file_.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (!handle) {
         loadError_ = "the HTTP module could not be loaded: " + std::string(::dlerror());

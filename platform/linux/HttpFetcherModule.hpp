@@ -10,13 +10,12 @@
 namespace vornix::platform::linux {
 
 // The HTTP fetcher that lives in the module at `file`, loaded on the first fetch rather than
-// when this is made: libcurl brings OpenSSL, GnuTLS and Kerberos with it, a quarter of the host's
-// memory and start-up time, for a check that runs rarely and off the main thread. A module that
+// when this is made: libcurl brings OpenSSL, GnuTLS and Kerberos with it, about a fifth of the
+// host's memory and start-up time, for a check that runs rarely and off the main thread. A module that
 // cannot be loaded fails every fetch with `HttpFailure::other` and says why in the detail.
 class HttpFetcherModule : public HttpFetcher {
 public:
     explicit HttpFetcherModule(std::filesystem::path file);
-    ~HttpFetcherModule() override;
 
     HttpResponse fetch(const HttpRequest& request) override;
 

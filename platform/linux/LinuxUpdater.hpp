@@ -13,10 +13,10 @@
 namespace vornix::platform::linux {
 
 // The Linux host's updater, which Linux lacks: the appcast updater on the configured feed, over
-// the given HTTP fetcher, with desktop notifications on the session bus. While it lives it is the installed
-// updater, HTTP fetcher and notifications. The feed is the endpoints' `updateFeed`; the
-// environment variables VORNIX_UPDATE_FEED_URL and VORNIX_UPDATE_TIMEOUT override the feed and
-// the time-out (desktop tests point the host at a local server this way).
+// the given HTTP fetcher, with desktop notifications on the session bus. While it lives it is
+// the installed updater, HTTP fetcher and notifications. The feed is the endpoints'
+// `updateFeed`; the environment variables VORNIX_UPDATE_FEED_URL and VORNIX_UPDATE_TIMEOUT
+// override the feed and the time-out (desktop tests point the host at a local server this way).
 class LinuxUpdater {
 public:
     // `sessionBus` may be null when there is none; notifications then only print a line.
