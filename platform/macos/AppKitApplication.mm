@@ -1,0 +1,17 @@
+#include "platform/macos/AppKitApplication.hpp"
+
+#import <AppKit/AppKit.h>
+
+namespace vornix::platform::macos {
+
+OperatingSystemVersion AppKitApplication::systemVersion() const {
+    const NSOperatingSystemVersion version = NSProcessInfo.processInfo.operatingSystemVersion;
+    return {static_cast<int>(version.majorVersion), static_cast<int>(version.minorVersion),
+            static_cast<int>(version.patchVersion)};
+}
+
+std::size_t AppKitApplication::windowCount() const { return NSApp.windows.count; }
+
+void AppKitApplication::terminate() { [NSApp terminate:nil]; }
+
+}  // namespace vornix::platform::macos

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/Directories.hpp"
+
+namespace vornix::platform::macos {
+
+// The user's folders on macOS, as NSFileManager names them.
+class FoundationDirectories final : public Directories {
+public:
+    std::filesystem::path userLibraryFolder() const override;
+};
+
+}  // namespace vornix::platform::macos

@@ -1,0 +1,208 @@
+// Declarations for the syntax check of the macOS backend off a Mac: the part of Foundation that
+// the backend and the engine's and updater's public headers use, each as Apple documents it.
+#pragma once
+
+#include <TargetConditionals.h>
+#include <MacTypes.h>
+#include <CoreGraphics/CoreGraphics.h>
+#include <dispatch/dispatch.h>
+
+#import <Foundation/NSObjCRuntime.h>
+
+NS_ASSUME_NONNULL_BEGIN
+
+@class NSString, NSCoder, NSInvocation, NSMethodSignature, Protocol;
+
+@protocol NSObject
+- (BOOL)isEqual:(id)object;
+@property(readonly) NSUInteger hash;
+@property(readonly) Class superclass;
+- (Class)class;
+- (instancetype)self;
+- (BOOL)isKindOfClass:(Class)aClass;
+- (BOOL)isMemberOfClass:(Class)aClass;
+- (BOOL)conformsToProtocol:(Protocol*)aProtocol;
+- (BOOL)respondsToSelector:(SEL)aSelector;
+@property(readonly, copy) NSString* description;
+@end
+
+__attribute__((objc_root_class))
+@interface NSObject <NSObject>
++ (void)load;
++ (void)initialize;
+- (instancetype)init;
++ (instancetype)new;
++ (instancetype)alloc;
++ (Class)class;
+- (void)awakeFromNib;
+@end
+
+@protocol NSCopying
+- (id)copyWithZone:(nullable struct _NSZone*)zone;
+@end
+
+@protocol NSCoding
+- (void)encodeWithCoder:(NSCoder*)coder;
+- (nullable instancetype)initWithCoder:(NSCoder*)coder;
+@end
+
+@interface NSCoder : NSObject
+@end
+
+@interface Protocol : NSObject
+@end
+
+typedef NSUInteger NSStringEncoding;
+enum {
+    NSUTF8StringEncoding = 4,
+};
+
+@interface NSString : NSObject <NSCopying>
+@property(readonly) NSUInteger length;
+- (nullable instancetype)initWithBytes:(const void*)bytes length:(NSUInteger)len encoding:(NSStringEncoding)encoding;
+@property(nullable, readonly) const char* UTF8String NS_RETURNS_INNER_POINTER;
+- (NSUInteger)lengthOfBytesUsingEncoding:(NSStringEncoding)enc;
+@end
+
+@interface NSMutableString : NSString
+@end
+
+@interface NSData : NSObject <NSCopying>
+@property(readonly) NSUInteger length;
+@property(readonly) const void* bytes NS_RETURNS_INNER_POINTER;
++ (instancetype)dataWithBytes:(nullable const void*)bytes length:(NSUInteger)length;
+@end
+
+@interface NSMutableData : NSData
+@end
+
+@interface NSValue : NSObject <NSCopying>
+@end
+
+@interface NSNumber : NSValue
+@end
+
+@interface NSNull : NSObject <NSCopying>
+@end
+
+@interface NSArray<__covariant ObjectType> : NSObject <NSCopying>
++ (instancetype)arrayWithObjects:(const ObjectType _Nonnull[_Nonnull])objects count:(NSUInteger)cnt;
+@property(readonly) NSUInteger count;
+- (ObjectType)objectAtIndex:(NSUInteger)index;
+@property(nullable, nonatomic, readonly) ObjectType firstObject;
+- (NSUInteger)countByEnumeratingWithState:(struct NSFastEnumerationState*)state
+                                  objects:(id __unsafe_unretained _Nullable[_Nonnull])buffer
+                                    count:(NSUInteger)len;
+@end
+
+typedef struct NSFastEnumerationState {
+    unsigned long state;
+    id __unsafe_unretained _Nullable* _Nullable itemsPtr;
+    unsigned long* _Nullable mutationsPtr;
+    unsigned long extra[5];
+} NSFastEnumerationState;
+
+@interface NSDictionary<__covariant KeyType, __covariant ObjectType> : NSObject <NSCopying>
+@end
+
+@interface NSDate : NSObject <NSCopying>
+@end
+
+@interface NSError : NSObject <NSCopying>
+@end
+
+@interface NSURL : NSObject <NSCopying>
++ (nullable instancetype)URLWithString:(NSString*)URLString;
+@property(nullable, readonly, copy) NSString* absoluteString;
+@property(nullable, readonly, copy) NSString* path;
+@end
+
+@interface NSURLRequest : NSObject <NSCopying>
+@end
+
+@interface NSMutableURLRequest : NSURLRequest
+@end
+
+@interface NSBundle : NSObject
+@property(class, readonly, strong) NSBundle* mainBundle;
+@end
+
+typedef NSString* NSNotificationName;
+
+@interface NSNotification : NSObject <NSCopying>
+@property(readonly, copy) NSNotificationName name;
+@end
+
+@interface NSOperationQueue : NSObject
+@end
+
+@interface NSNotificationCenter : NSObject
+@property(class, readonly, strong) NSNotificationCenter* defaultCenter;
+- (id<NSObject>)addObserverForName:(nullable NSNotificationName)name
+                            object:(nullable id)obj
+                             queue:(nullable NSOperationQueue*)queue
+                        usingBlock:(void (^)(NSNotification* notification))block;
+- (void)removeObserver:(id)observer;
+@end
+
+@interface NSInvocation : NSObject
+@end
+
+@interface NSTimer : NSObject
+@end
+
+@interface NSThread : NSObject
+@property(class, readonly) BOOL isMainThread;
+@end
+
+typedef struct {
+    NSInteger majorVersion;
+    NSInteger minorVersion;
+    NSInteger patchVersion;
+} NSOperatingSystemVersion;
+
+@interface NSProcessInfo : NSObject
+@property(class, readonly, strong) NSProcessInfo* processInfo;
+@property(readonly) NSOperatingSystemVersion operatingSystemVersion;
+@end
+
+typedef NS_ENUM(NSUInteger, NSSearchPathDirectory) {
+    NSApplicationDirectory = 1,
+    NSLibraryDirectory = 5,
+    NSUserDirectory = 7,
+    NSDocumentDirectory = 9,
+    NSApplicationSupportDirectory = 14,
+};
+
+typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) {
+    NSUserDomainMask = 1,
+    NSLocalDomainMask = 2,
+    NSNetworkDomainMask = 4,
+    NSSystemDomainMask = 8,
+    NSAllDomainsMask = 0x0ffff,
+};
+
+@interface NSFileManager : NSObject
+@property(class, readonly, strong) NSFileManager* defaultManager;
+- (NSArray<NSURL*>*)URLsForDirectory:(NSSearchPathDirectory)directory inDomains:(NSSearchPathDomainMask)domainMask;
+@end
+
+typedef FourCharCode AEEventClass;
+typedef FourCharCode AEEventID;
+typedef FourCharCode AEKeyword;
+
+@interface NSAppleEventDescriptor : NSObject <NSCopying>
+- (nullable NSAppleEventDescriptor*)paramDescriptorForKeyword:(AEKeyword)keyword;
+@property(nullable, readonly, copy) NSString* stringValue;
+@end
+
+@interface NSAppleEventManager : NSObject
++ (NSAppleEventManager*)sharedAppleEventManager;
+- (void)setEventHandler:(id)handler
+            andSelector:(SEL)handleEventSelector
+          forEventClass:(AEEventClass)eventClass
+             andEventID:(AEEventID)eventID;
+- (void)removeEventHandlerForEventClass:(AEEventClass)eventClass andEventID:(AEEventID)eventID;
+@end
+
+NS_ASSUME_NONNULL_END
