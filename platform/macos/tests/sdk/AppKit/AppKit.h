@@ -56,6 +56,10 @@ typedef NS_ENUM(NSUInteger, NSRectEdge) {
 
 @class NSWindow, NSScreen, NSView, NSViewController, NSMenu, NSMenuItem, NSImage, NSColor, NSEvent, NSApplication;
 
+@interface NSObject (NSNibAwaking)
+- (void)awakeFromNib NS_REQUIRES_SUPER;
+@end
+
 @interface NSEvent : NSObject <NSCopying>
 @end
 
@@ -113,6 +117,7 @@ typedef NS_OPTIONS(NSUInteger, NSTrackingAreaOptions) {
 @end
 
 @interface NSView : NSResponder
+@property(getter=isHidden) BOOL hidden;
 - (instancetype)initWithFrame:(NSRect)frameRect NS_DESIGNATED_INITIALIZER;
 - (nullable instancetype)initWithCoder:(NSCoder*)coder NS_DESIGNATED_INITIALIZER;
 @property NSRect frame;
@@ -269,6 +274,7 @@ typedef NS_ENUM(NSUInteger, NSWindowButton) {
 - (void)zoom:(nullable id)sender;
 - (void)miniaturize:(nullable id)sender;
 - (void)close;
+- (void)center;
 @property(copy) NSString* title;
 @property(readonly, nullable, strong) NSEvent* currentEvent;
 - (void)performWindowDragWithEvent:(NSEvent*)event API_AVAILABLE(macos(10.11));

@@ -34,7 +34,6 @@ __attribute__((objc_root_class))
 + (instancetype)new;
 + (instancetype)alloc;
 + (Class)class;
-- (void)awakeFromNib;
 @end
 
 @protocol NSCopying
