@@ -28,7 +28,7 @@ vornix::platform::AppleEventDescriptor descriptorOf(NSAppleEventDescriptor* para
 - (void)handleEvent:(NSAppleEventDescriptor*)event withReplyEvent:(NSAppleEventDescriptor*)replyEvent {
     (void)replyEvent;
     vornix::platform::AppleEvent received;
-    if (NSAppleEventDescriptor* directObject = [event paramDescriptorForKeyword:vornix::platform::directObjectKeyword]) {
+    if (NSAppleEventDescriptor* directObject = [event paramDescriptorForKeyword:keyDirectObject]) {
         received.setParamDescriptor(descriptorOf(directObject), vornix::platform::directObjectKeyword);
     }
     vornix::platform::AppleEvent reply;

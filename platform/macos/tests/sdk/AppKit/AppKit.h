@@ -123,7 +123,6 @@ typedef NS_OPTIONS(NSUInteger, NSTrackingAreaOptions) {
 @property NSRect frame;
 @property NSRect bounds;
 @property(nullable, readonly, assign) NSWindow* window;
-@property(readonly, copy) NSArray<__kindof NSView*>* subviews;
 - (void)addSubview:(NSView*)view;
 - (void)removeFromSuperview;
 - (void)setFrameSize:(NSSize)newSize;
@@ -144,11 +143,9 @@ typedef NS_OPTIONS(NSUInteger, NSTrackingAreaOptions) {
 @property(strong) NSView* view;
 @end
 
-typedef NS_ENUM(NSInteger, NSControlStateValue) {
-    NSControlStateValueMixed = -1,
-    NSControlStateValueOff = 0,
-    NSControlStateValueOn = 1,
-};
+typedef NSInteger NSControlStateValue;
+static const NSControlStateValue NSControlStateValueOff API_AVAILABLE(macos(10.13)) = 0;
+static const NSControlStateValue NSControlStateValueOn API_AVAILABLE(macos(10.13)) = 1;
 
 @interface NSControl : NSView
 @property(nullable, weak) id target;
@@ -159,13 +156,7 @@ typedef NS_ENUM(NSInteger, NSControlStateValue) {
 
 @interface NSTextField : NSControl
 + (instancetype)labelWithString:(NSString*)stringValue API_AVAILABLE(macos(10.12));
-@property(nullable, copy) NSColor* textColor;
 @end
-
-typedef NS_ENUM(NSUInteger, NSBezelStyle) {
-    NSBezelStyleRounded = 1,
-    NSBezelStyleRegularSquare = 2,
-};
 
 @interface NSButton : NSControl
 + (instancetype)buttonWithTitle:(NSString*)title target:(nullable id)target action:(nullable SEL)action
@@ -175,7 +166,6 @@ typedef NS_ENUM(NSUInteger, NSBezelStyle) {
 @property(copy) NSString* title;
 @property(nullable, strong) NSImage* image;
 @property(getter=isBordered) BOOL bordered;
-@property NSBezelStyle bezelStyle;
 @property NSControlStateValue state;
 @end
 
@@ -217,7 +207,6 @@ typedef NS_ENUM(NSInteger, NSLayoutAttribute) {
 @end
 
 @interface NSScreen : NSObject
-@property(class, readonly, nullable, strong) NSScreen* mainScreen;
 @property(readonly) NSRect frame;
 @property(readonly) NSRect visibleFrame;
 @end
@@ -225,8 +214,6 @@ typedef NS_ENUM(NSInteger, NSLayoutAttribute) {
 typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
     NSWindowStyleMaskBorderless = 0,
     NSWindowStyleMaskTitled = 1 << 0,
-    NSWindowStyleMaskClosable = 1 << 1,
-    NSWindowStyleMaskMiniaturizable = 1 << 2,
     NSWindowStyleMaskResizable = 1 << 3,
     NSWindowStyleMaskFullSizeContentView API_AVAILABLE(macos(10.10)) = 1 << 15,
 };
@@ -256,7 +243,8 @@ typedef NS_ENUM(NSUInteger, NSWindowButton) {
 - (instancetype)initWithContentRect:(NSRect)contentRect
                           styleMask:(NSWindowStyleMask)style
                             backing:(NSBackingStoreType)backingStoreType
-                              defer:(BOOL)flag;
+                              defer:(BOOL)flag NS_DESIGNATED_INITIALIZER;
+- (nullable instancetype)initWithCoder:(NSCoder*)coder NS_DESIGNATED_INITIALIZER;
 @property(readonly) NSRect frame;
 - (void)setFrame:(NSRect)frameRect display:(BOOL)flag;
 - (void)setFrame:(NSRect)frameRect display:(BOOL)displayFlag animate:(BOOL)animateFlag;
@@ -264,7 +252,7 @@ typedef NS_ENUM(NSUInteger, NSWindowButton) {
 @property(nullable, readonly, strong) NSScreen* screen;
 @property NSSize minSize;
 @property NSSize maxSize;
-@property(getter=isVisible) BOOL visible;
+@property(getter=isVisible, readonly) BOOL visible;
 - (void)setIsVisible:(BOOL)flag;
 @property(readonly) BOOL canBecomeKeyWindow;
 - (void)makeKeyAndOrderFront:(nullable id)sender;
@@ -286,7 +274,6 @@ typedef NS_ENUM(NSUInteger, NSWindowButton) {
 @property NSWindowTitleVisibility titleVisibility API_AVAILABLE(macos(10.10));
 @property(getter=isOpaque) BOOL opaque;
 @property(getter=isMovable) BOOL movable;
-@property(readonly) NSInteger windowNumber;
 @property(getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
 - (nullable NSButton*)standardWindowButton:(NSWindowButton)b;
 @end
@@ -300,19 +287,12 @@ typedef NS_ENUM(NSUInteger, NSWindowButton) {
 @interface NSStatusBarButton : NSButton
 @end
 
-typedef NS_ENUM(NSInteger, NSApplicationTerminateReply) {
-    NSTerminateCancel = 0,
-    NSTerminateNow = 1,
-    NSTerminateLater = 2,
-};
-
 @protocol NSApplicationDelegate <NSObject>
 @optional
 - (void)applicationWillFinishLaunching:(NSNotification*)notification;
 - (void)applicationDidFinishLaunching:(NSNotification*)notification;
 - (void)applicationWillTerminate:(NSNotification*)notification;
 - (BOOL)applicationShouldTerminateAfterLastWindowClosed:(NSApplication*)sender;
-- (NSApplicationTerminateReply)applicationShouldTerminate:(NSApplication*)sender;
 @end
 
 @interface NSApplication : NSResponder
@@ -324,12 +304,8 @@ typedef NS_ENUM(NSInteger, NSApplicationTerminateReply) {
 
 APPKIT_EXTERN __kindof NSApplication* _Null_unspecified NSApp;
 APPKIT_EXTERN NSNotificationName NSApplicationWillFinishLaunchingNotification;
-APPKIT_EXTERN NSNotificationName NSWindowWillCloseNotification;
 
 APPKIT_EXTERN int NSApplicationMain(int argc, const char* _Nonnull argv[_Nonnull]);
-
-typedef NS_ENUM(NSInteger, NSStatusItemLength) {};
-APPKIT_EXTERN const CGFloat NSVariableStatusItemLength;
 
 @interface NSStatusItem : NSObject
 @property(readonly, nullable, strong) NSStatusBarButton* button API_AVAILABLE(macos(10.10));

@@ -5,6 +5,7 @@
 #include <TargetConditionals.h>
 #include <MacTypes.h>
 #include <CoreGraphics/CoreGraphics.h>
+#include <CoreServices/CoreServices.h>
 #include <dispatch/dispatch.h>
 
 #import <Foundation/NSObjCRuntime.h>
@@ -29,9 +30,7 @@ NS_ASSUME_NONNULL_BEGIN
 __attribute__((objc_root_class))
 @interface NSObject <NSObject>
 + (void)load;
-+ (void)initialize;
 - (instancetype)init;
-+ (instancetype)new;
 + (instancetype)alloc;
 + (Class)class;
 @end
@@ -60,10 +59,6 @@ enum {
 @property(readonly) NSUInteger length;
 - (nullable instancetype)initWithBytes:(const void*)bytes length:(NSUInteger)len encoding:(NSStringEncoding)encoding;
 @property(nullable, readonly) const char* UTF8String NS_RETURNS_INNER_POINTER;
-- (NSUInteger)lengthOfBytesUsingEncoding:(NSStringEncoding)enc;
-@end
-
-@interface NSMutableString : NSString
 @end
 
 @interface NSData : NSObject <NSCopying>
@@ -147,9 +142,6 @@ typedef NSString* NSNotificationName;
 @interface NSInvocation : NSObject
 @end
 
-@interface NSTimer : NSObject
-@end
-
 @interface NSThread : NSObject
 @property(class, readonly) BOOL isMainThread;
 @end
@@ -162,33 +154,21 @@ typedef struct {
 
 @interface NSProcessInfo : NSObject
 @property(class, readonly, strong) NSProcessInfo* processInfo;
-@property(readonly) NSOperatingSystemVersion operatingSystemVersion;
+@property(readonly) NSOperatingSystemVersion operatingSystemVersion API_AVAILABLE(macos(10.10));
 @end
 
 typedef NS_ENUM(NSUInteger, NSSearchPathDirectory) {
-    NSApplicationDirectory = 1,
     NSLibraryDirectory = 5,
-    NSUserDirectory = 7,
-    NSDocumentDirectory = 9,
-    NSApplicationSupportDirectory = 14,
 };
 
 typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) {
     NSUserDomainMask = 1,
-    NSLocalDomainMask = 2,
-    NSNetworkDomainMask = 4,
-    NSSystemDomainMask = 8,
-    NSAllDomainsMask = 0x0ffff,
 };
 
 @interface NSFileManager : NSObject
 @property(class, readonly, strong) NSFileManager* defaultManager;
 - (NSArray<NSURL*>*)URLsForDirectory:(NSSearchPathDirectory)directory inDomains:(NSSearchPathDomainMask)domainMask;
 @end
-
-typedef FourCharCode AEEventClass;
-typedef FourCharCode AEEventID;
-typedef FourCharCode AEKeyword;
 
 @interface NSAppleEventDescriptor : NSObject <NSCopying>
 - (nullable NSAppleEventDescriptor*)paramDescriptorForKeyword:(AEKeyword)keyword;
