@@ -65,7 +65,8 @@ VornixAppDelegate* applicationDelegate = nil;
 }
 
 // There is no interface file: the delegate is made from code as the application starts launching,
-// before AppKit sends it any application event.
+// before AppKit sends it any application event. It is not told of that notification itself, which
+// is already being delivered when it becomes the delegate, so it starts from here.
 + (void)load {
     [NSNotificationCenter.defaultCenter addObserverForName:NSApplicationWillFinishLaunchingNotification
                                                     object:nil
@@ -74,13 +75,13 @@ VornixAppDelegate* applicationDelegate = nil;
                                                   (void)notification;
                                                   applicationDelegate = [[VornixAppDelegate alloc] init];
                                                   NSApp.delegate = applicationDelegate;
+                                                  [applicationDelegate loadMainWindow];
                                                 }];
 }
 
 // The main window wakes where the interface file would have loaded it, before the application
 // has finished launching: the engine's view, the plug-ins in their order, the host's channels.
-- (void)applicationWillFinishLaunching:(NSNotification*)notification {
-    (void)notification;
+- (void)loadMainWindow {
     _services = std::make_unique<Services>();
     _mainWindow = [MainFlutterWindow loadMainFlutterWindow];
     [_mainWindow makeKeyAndOrderFront:nil];
