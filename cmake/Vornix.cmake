@@ -49,7 +49,7 @@ function(vornix_test name)
   target_compile_options(${name} PRIVATE ${VORNIX_WARNINGS})
   target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gmock GTest::gtest_main)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-    PROPERTIES ENVIRONMENT "VORNIX_SOURCE_DIR=${PROJECT_SOURCE_DIR};VORNIX_BINARY_DIR=${PROJECT_BINARY_DIR}")
+    PROPERTIES ENVIRONMENT "VORNIX_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
 endfunction()
 
 # vornix_benchmark(NAME SOURCES ... [LIBS ...]): a Google Benchmark executable (not run by CTest).
