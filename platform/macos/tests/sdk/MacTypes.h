@@ -5,10 +5,5 @@
 #include <stdint.h>
 
 typedef uint8_t UInt8;
-typedef uint16_t UInt16;
 typedef uint32_t UInt32;
-typedef int16_t SInt16;
-typedef int32_t SInt32;
-typedef SInt16 OSErr;
 typedef UInt32 FourCharCode;
-typedef FourCharCode OSType;

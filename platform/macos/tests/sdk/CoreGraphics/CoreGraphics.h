@@ -2,8 +2,6 @@
 // on a 64-bit Mac.
 #pragma once
 
-#include <stdbool.h>
-
 typedef double CGFloat;
 
 struct CGPoint {
@@ -23,14 +21,6 @@ struct CGRect {
     CGSize size;
 };
 typedef struct CGRect CGRect;
-
-#ifdef __cplusplus
-extern "C" {
-#endif
-extern const CGRect CGRectZero;
-#ifdef __cplusplus
-}
-#endif
 
 static inline CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
     CGRect rect;
