@@ -14,7 +14,6 @@ namespace vornix::launch_agent {
 
 namespace {
 
-constexpr std::string_view jobLabel = "com.vornix.os.launch";
 constexpr std::string_view jobFileName = "com.vornix.os.launch.plist";
 
 // The job file of an earlier run, decoded with the controller's decoder, its `url` set.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include "launch_agent/LaunchAgent.hpp"
 
@@ -14,6 +15,9 @@ class StartAtLogin {
 public:
     // The one process-wide instance, made on first use (thread-safe) and never released.
     static StartAtLogin& shared();
+
+    // The job's label; its file is "<label>.plist".
+    static constexpr std::string_view jobLabel = "com.vornix.os.launch";
 
     // Starts with the built-in job: "com.vornix.os.launch" running "/usr/bin/open" "-W"
     // "/Applications/Vornix OS.app", every other member absent.
