@@ -3,8 +3,8 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/Directories.hpp"
 #include "launch_agent/LaunchctlJobManager.hpp"
+#include "platform/Directories.hpp"
 #include "platform/Files.hpp"
 #include "plist/PropertyList.hpp"
 

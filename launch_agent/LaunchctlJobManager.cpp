@@ -120,7 +120,6 @@ AgentStatus LaunchctlJobManager::status(const LaunchAgent& agent) {
     base::fatalError("the job manager's list gave no process id for " + agent.label + ": \"" + oneLine(text) + "\"");
 }
 
-
 bool LaunchctlJobManager::startsAtLogin(const LaunchAgent& agent) { return agent.runAtLoad.value_or(false); }
 
 }  // namespace vornix::launch_agent
