@@ -89,8 +89,7 @@ void makeLaunchAgentsFolder(const platform::Directories& directories) {
 // A login starts the application by running the installed host itself, not macOS's
 // "/usr/bin/open" on an application bundle.
 void startInstalledHostAtLogin() {
-    launch_agent::StartAtLogin::shared().launchAgent = std::make_shared<launch_agent::LaunchAgent>(
-        std::string(launch_agent::StartAtLogin::jobLabel), gtk::hostExecutable().string());
+    launch_agent::StartAtLogin::shared().replaceBuiltInProgram(gtk::hostExecutable().string());
 }
 
 // The main window as the interface file would make it: titled and resizable, 1024 x 720 points
