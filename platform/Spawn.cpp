@@ -3,8 +3,8 @@
 #include <signal.h>
 #include <spawn.h>
 
-#include <stdexcept>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <system_error>
