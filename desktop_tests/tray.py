@@ -46,8 +46,9 @@ class TrayWatcher:
         info = Gio.DBusNodeInfo.new_for_xml(WATCHER_XML).interfaces[0]
         self.registration = self.bus.register_object('/StatusNotifierWatcher', info, self._method, self._property,
                                                      None)
-        self.owner = Gio.bus_own_name_on_connection(self.bus, 'org.kde.StatusNotifierWatcher', Gio.BusNameOwnerFlags.NONE,
-                                       lambda *_: self.ready.set(), None)
+        self.owner = Gio.bus_own_name_on_connection(self.bus, 'org.kde.StatusNotifierWatcher',
+                                                    Gio.BusNameOwnerFlags.NONE,
+                                                    lambda *_: self.ready.set(), None)
         self.loop.run()
 
     def _method(self, connection, sender, path, interface, method, parameters, invocation):

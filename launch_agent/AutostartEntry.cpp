@@ -32,7 +32,8 @@ std::vector<std::string> ignoredKeysOf(const LaunchAgent& agent) {
     const plist::Dictionary& present = *encoded.get<plist::Dictionary>();
     std::vector<std::string> ignored;
     for (const auto& [key, text] : plist::RawValues<Key>::table) {
-        if (present.contains(text) && std::find(expressedKeys.begin(), expressedKeys.end(), key) == expressedKeys.end()) {
+        const bool expressed = std::find(expressedKeys.begin(), expressedKeys.end(), key) != expressedKeys.end();
+        if (present.contains(text) && !expressed) {
             ignored.emplace_back(text);
         }
     }
@@ -96,7 +97,8 @@ AutostartEntry autostartEntryFor(const LaunchAgent& agent) {
 }
 
 std::string autostartFileName(const std::string& label) {
-    if (label.empty() || label == "." || label == ".." || label.find_first_of(std::string_view("/\0", 2)) != std::string::npos) {
+    const bool holdsSlashOrNul = label.find_first_of(std::string_view("/\0", 2)) != std::string::npos;
+    if (label.empty() || label == "." || label == ".." || holdsSlashOrNul) {
         throw DesktopEntryError("the label \"" + label + "\" cannot name an autostart entry");
     }
     return label + ".desktop";

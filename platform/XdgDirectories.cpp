@@ -12,7 +12,8 @@ namespace {
 bool isAbsolute(const char* value) { return value != nullptr && std::string_view(value).starts_with('/'); }
 
 // $<variable> when it is absolute, else $HOME/<fallback>; `what` names the folder in the error.
-std::filesystem::path baseDirectory(const char* variable, const std::filesystem::path& fallback, std::string_view what) {
+std::filesystem::path baseDirectory(const char* variable, const std::filesystem::path& fallback,
+                                    std::string_view what) {
     if (const char* value = std::getenv(variable); isAbsolute(value)) {
         return std::filesystem::path(value);
     }

@@ -49,7 +49,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::shared_ptr<LaunchAgent> agent;
     AutostartEntry entry;
     try {
-        agent = plist::decode<std::shared_ptr<LaunchAgent>>(std::string_view(reinterpret_cast<const char*>(data), size));
+        const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+        agent = plist::decode<std::shared_ptr<LaunchAgent>>(bytes);
         entry = autostartEntryFor(*agent);
     } catch (const plist::DecodingError&) {
         return 0;

@@ -118,7 +118,8 @@ TEST(AutostartEntry, KeysAnEntryCannotExpressAreListedInKeyTableOrder) {
 
 TEST(AutostartEntry, ALabelIsTheFileName) {
     EXPECT_EQ(autostartFileName("com.vornix.os.launch"), "com.vornix.os.launch.desktop");
-    for (const std::string& label : {std::string(), std::string("."), std::string(".."), std::string("a/b"), std::string("a\0b", 3)}) {
+    const std::vector<std::string> notFileNames{"", ".", "..", "a/b", std::string("a\0b", 3)};
+    for (const std::string& label : notFileNames) {
         EXPECT_THROW(autostartFileName(label), DesktopEntryError);
     }
 }

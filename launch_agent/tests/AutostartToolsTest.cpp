@@ -186,8 +186,9 @@ private:
 
 void expectValid(const fs::path& entry, const std::string& what) {
     const fs::path report = entry.parent_path().parent_path() / "validator-report";
-    EXPECT_EQ(run("desktop-file-validate " + shellQuoted(entry.string()) + " > " + shellQuoted(report.string()) + " 2>&1"), 0)
-        << what;
+    const std::string command =
+        "desktop-file-validate " + shellQuoted(entry.string()) + " > " + shellQuoted(report.string()) + " 2>&1";
+    EXPECT_EQ(run(command), 0) << what;
     EXPECT_EQ(readWholeFile(report), "") << what;
 }
 
@@ -245,9 +246,9 @@ TEST(AutostartReaders, SystemdsGeneratorMakesAUnitWhoseCommandLineIsTheJobsWords
     fs::create_directories(units);
     fs::create_directories(noSystemEntries);
     const std::string folder = shellQuoted(units.string());
-    ASSERT_EQ(run("XDG_CONFIG_HOME=" + shellQuoted(home.config().string()) + " XDG_CONFIG_DIRS=" +
-                  shellQuoted(noSystemEntries.string()) + " " + tool->string() + " " + folder + " " + folder + " " + folder),
-              0);
+    const std::string environment = "XDG_CONFIG_HOME=" + shellQuoted(home.config().string()) +
+                                    " XDG_CONFIG_DIRS=" + shellQuoted(noSystemEntries.string());
+    ASSERT_EQ(run(environment + " " + tool->string() + " " + folder + " " + folder + " " + folder), 0);
     for (const auto& [label, words] : expected) {
         const fs::path unit = units / ("app-" + label + "@autostart.service");
         ASSERT_TRUE(fs::exists(unit)) << label;

@@ -84,7 +84,8 @@ TEST(DesktopEntryExec, ReadingRefusesWhatTheFormatDoesNotAllow) {
 
 TEST(DesktopEntryKeys, OnlyTheDesktopEntryGroupIsRead) {
     const auto keys = desktopEntryKeys(
-        "# comment\n[Desktop Entry]\nName=Job\nHidden = true\r\n\n[Desktop Action x]\nName=Other\n[Desktop Entry]\nX=1");
+        "# comment\n[Desktop Entry]\nName=Job\nHidden = true\r\n\n"
+        "[Desktop Action x]\nName=Other\n[Desktop Entry]\nX=1");
     EXPECT_EQ(keys.at("Name"), "Job");
     EXPECT_EQ(keys.at("Hidden"), "true");
     EXPECT_EQ(keys.at("X"), "1");

@@ -170,9 +170,11 @@ TEST(XdgAutostartJobManager, StartRunsTheProgramWhichIsRunningUntilStopEndsIt) {
 TEST(XdgAutostartJobManager, StartGivesTheProgramItsWorkingDirectoryAndEnvironment) {
     AutostartHome home;
     const fs::path output = home.home().path() / "seen";
-    LaunchAgent agent("com.example.writer", "/bin/sh", "-c", "pwd -P > \"$OUT.part\"; echo \"$GREETING\" >> \"$OUT.part\"; mv \"$OUT.part\" \"$OUT\"");
+    LaunchAgent agent("com.example.writer", "/bin/sh", "-c",
+                      "pwd -P > \"$OUT.part\"; echo \"$GREETING\" >> \"$OUT.part\"; mv \"$OUT.part\" \"$OUT\"");
     agent.workingDirectory = home.agentsFolder().string();
-    agent.environmentVariables = std::map<std::string, std::string>{{"OUT", output.string()}, {"GREETING", "hello there"}};
+    agent.environmentVariables =
+        std::map<std::string, std::string>{{"OUT", output.string()}, {"GREETING", "hello there"}};
     home.manager.start(agent);
     ASSERT_TRUE(becomes([&] { return fs::exists(output); }));
     EXPECT_EQ(readWholeFile(output), fs::canonical(home.agentsFolder()).string() + "\nhello there\n");
@@ -217,7 +219,8 @@ TEST(XdgAutostartJobManager, TheSwitchTurnsTheEntryOnAndOffThroughStartAtLogin) 
     StartAtLogin startAtLogin;
     startAtLogin.launchAgent = std::make_shared<LaunchAgent>("com.vornix.os.launch", "/usr/bin/vornix-host");
     EXPECT_EQ(printedBy([&] { startAtLogin.loadLaunchAgent(); }), "");
-    EXPECT_NE(readWholeFile(home.entry("com.vornix.os.launch")).find("\nExec=/usr/bin/vornix-host\n"), std::string::npos);
+    const std::string entry = readWholeFile(home.entry("com.vornix.os.launch"));
+    EXPECT_NE(entry.find("\nExec=/usr/bin/vornix-host\n"), std::string::npos);
     EXPECT_TRUE(LaunchControl::shared().startsAtLogin(*startAtLogin.launchAgent));
 
     EXPECT_EQ(printedBy([&] { startAtLogin.unloadLaunchAgent(); }), "");
@@ -226,7 +229,8 @@ TEST(XdgAutostartJobManager, TheSwitchTurnsTheEntryOnAndOffThroughStartAtLogin) 
     // Removed by hand, then on again: the entry is back.
     startAtLogin.loadLaunchAgent();
     fs::remove(home.entry("com.vornix.os.launch"));
-    EXPECT_FALSE(LaunchControl::shared().startsAtLogin(*LaunchControl::shared().readAgent("com.vornix.os.launch.plist")));
+    const auto onDisk = LaunchControl::shared().readAgent("com.vornix.os.launch.plist");
+    EXPECT_FALSE(LaunchControl::shared().startsAtLogin(*onDisk));
     startAtLogin.loadLaunchAgent();
     EXPECT_TRUE(fs::exists(home.entry("com.vornix.os.launch")));
 }
