@@ -10,6 +10,8 @@
 #include "bridge/EngineBridge.hpp"
 #include "host/AppDelegate.hpp"
 #include "host/MainFlutterWindow.hpp"
+#include "launch_agent/StartAtLogin.hpp"
+#include "launch_agent/XdgAutostartJobManager.hpp"
 #include "platform/PosixProcesses.hpp"
 #include "platform/XdgDirectories.hpp"
 #include "platform/linux/EngineSocketServer.hpp"
@@ -20,6 +22,7 @@
 #include "platform/linux/GdkMonitorScreen.hpp"
 #include "platform/linux/HostApplication.hpp"
 #include "platform/linux/LinuxApplication.hpp"
+#include "platform/linux/Resources.hpp"
 #include "platform/linux/TrayPopovers.hpp"
 #include "platform/linux/TrayStatusBar.hpp"
 #include "platform/linux/UrlEventManager.hpp"
@@ -45,6 +48,7 @@ struct LinuxHost::Services {
     gtk::GtkApplicationWindows windows;
     platform::XdgDirectories directories;
     platform::PosixProcesses processes;
+    launch_agent::XdgAutostartJobManager jobManager{[] { return platform::userConfigFolder() / "autostart"; }};
     platform::ScopedPort<platform::MainQueue> mainQueuePort{&mainQueue};
     platform::ScopedPort<platform::Application> applicationPort{&application};
     platform::ScopedPort<platform::StatusBar> statusBarPort{&statusBar};
@@ -55,6 +59,7 @@ struct LinuxHost::Services {
     platform::ScopedPort<platform::ApplicationWindows> windowsPort{&windows};
     platform::ScopedPort<platform::Directories> directoriesPort{&directories};
     platform::ScopedPort<platform::Processes> processesPort{&processes};
+    platform::ScopedPort<launch_agent::JobManager> jobManagerPort{&jobManager};
     std::unique_ptr<DeferredUpdater> updater;
     std::optional<platform::ScopedPort<platform::Updater>> updaterPort;
 
@@ -79,6 +84,12 @@ void makeLaunchAgentsFolder(const platform::Directories& directories) {
     } catch (const std::filesystem::filesystem_error&) {
         // No home to put it in: turning "Launch on Login" on reports the failure then.
     }
+}
+
+// A login starts the application by running the installed host itself, not macOS's
+// "/usr/bin/open" on an application bundle.
+void startInstalledHostAtLogin() {
+    launch_agent::StartAtLogin::shared().replaceBuiltInProgram(gtk::hostExecutable().string());
 }
 
 // The main window as the interface file would make it: titled and resizable, 1024 x 720 points
@@ -138,6 +149,7 @@ void LinuxHost::launched(const std::vector<std::string>& arguments) {
     services.updaterPort.emplace(services.updater.get());
 
     makeLaunchAgentsFolder(services.directories);
+    startInstalledHostAtLogin();
 
     if (options.engineSocket) {
         try {

@@ -4,11 +4,13 @@ the tray, the pointer and the keyboard, and reads what it shows through the acce
 import http.server
 import os
 import plistlib
+import signal
 import subprocess
 import threading
 import time
 
 import accessibility as a11y
+import harness
 from harness import wait_until
 from test_engine import TestEngine
 from tray import TrayWatcher
@@ -107,23 +109,125 @@ def auth_state_shows_the_email_and_sign_out_about_one_second_later(desktop, host
     session.close()
 
 
-def launch_on_login_writes_the_job_file_and_loads_it_then_unloads_it(desktop, host):
+LABEL = 'com.vornix.os.launch'
+
+
+def _job_file(desktop):
+    return os.path.join(desktop.home, '.local', 'share', 'LaunchAgents', f'{LABEL}.plist')
+
+
+def _entry_keys(path):
+    with open(path, encoding='utf-8') as entry:
+        lines = entry.read().splitlines()
+    assert lines[0] == '[Desktop Entry]', lines
+    return dict(line.split('=', 1) for line in lines[1:])
+
+
+def _switch(session):
+    return wait_until(lambda: a11y.find(a11y.popover(), ('toggle button', 'switch'), 'Launch on Login'), 10,
+                      'the switch')
+
+
+def _toggle_and_wait(session, on):
+    """Clicks the switch and waits until the popover shows it `on`."""
+    session.desktop.click(*a11y.centre(_switch(session)))
+    wait_until(lambda: ('switch', 'Launch on Login', on) in a11y.popover_rows(), 10,
+               f'the switch to show {"on" if on else "off"}')
+
+
+def launch_on_login_keeps_the_autostart_entry_in_step_with_the_switch(desktop, host):
     session = Session(desktop, host)
     session.open_popover()
-    job = os.path.join(desktop.home, '.local', 'share', 'LaunchAgents', 'com.vornix.os.launch.plist')
-    switch = wait_until(lambda: a11y.find(a11y.popover(), ('toggle button', 'switch'), 'Launch on Login'), 10, 'the switch')
-    desktop.click(*a11y.centre(switch))
-    wait_until(lambda: f'load {job}' in desktop.launchctl_calls(), 20, f'"launchctl load {job}"')
-    with open(job, 'rb') as file:
-        assert plistlib.load(file)['RunAtLoad'] is True
-    wait_until(lambda: ('switch', 'Launch on Login', True) in a11y.popover_rows(), 10, 'the switch to show on')
+    entry = desktop.autostart_entry(LABEL)
 
-    desktop.click(*a11y.centre(switch))
-    wait_until(lambda: f'unload {job}' in desktop.launchctl_calls(), 20, f'"launchctl unload {job}"')
-    with open(job, 'rb') as file:
+    _toggle_and_wait(session, True)
+    wait_until(lambda: os.path.exists(entry), 20, f'the autostart entry {entry}')
+    with open(_job_file(desktop), 'rb') as file:
+        assert plistlib.load(file)['RunAtLoad'] is True
+    keys = _entry_keys(entry)
+    assert keys == {'Type': 'Application', 'Name': LABEL, 'Exec': os.path.realpath(host), 'NoDisplay': 'true',
+                    'X-GNOME-Autostart-enabled': 'true'}, keys
+    validation = subprocess.run(['desktop-file-validate', entry], capture_output=True, text=True)
+    assert validation.returncode == 0 and validation.stdout == '', validation.stdout
+
+    _toggle_and_wait(session, False)
+    wait_until(lambda: not os.path.exists(entry), 20, 'the autostart entry to be removed')
+    with open(_job_file(desktop), 'rb') as file:
         assert plistlib.load(file)['RunAtLoad'] is False, 'the job file does not say RunAtLoad false'
-    assert desktop.launchctl_calls() == [f'load {job}', f'unload {job}'], desktop.launchctl_calls()
+    assert desktop.launchctl_calls() == [], f'launchctl was run: {desktop.launchctl_calls()}'
     session.close()
+
+
+def _login(desktop, name, host):
+    """A fresh login into the same home on a new private desktop (its own display and session
+    bus, its own tray), where dex starts the autostart entries. Returns the desktop, its tray and
+    what dex printed; the caller stops both."""
+    login = harness.Desktop(f'{desktop.name}-{name}', desktop.artifacts, home=desktop.home)
+    login.start(current=False)
+    tray = TrayWatcher(address=login.env['DBUS_SESSION_BUS_ADDRESS'])
+    return login, tray, login.run_autostart()
+
+
+def _end_autostarted_host(item, host):
+    """Ends the host that registered `item` (org.kde.StatusNotifierItem-PID-1), after checking
+    that it is the host under test."""
+    pid = int(item.split('-')[1])
+    assert os.path.realpath(f'/proc/{pid}/exe') == os.path.realpath(host), item
+    os.kill(pid, signal.SIGTERM)
+    wait_until(lambda: not os.path.exists(f'/proc/{pid}') or _is_zombie(pid), 10, 'the autostarted host to end')
+
+
+def _is_zombie(pid):
+    try:
+        with open(f'/proc/{pid}/stat') as stat:
+            return stat.read().rsplit(')', 1)[1].split()[0] == 'Z'
+    except FileNotFoundError:
+        return True
+
+
+def launch_on_login_starts_the_host_at_the_next_login_and_nothing_once_off(desktop, host):
+    started = time.monotonic()
+    entry = desktop.autostart_entry(LABEL)
+    session = Session(desktop, host)
+    session.open_popover()
+    _toggle_and_wait(session, True)
+    wait_until(lambda: os.path.exists(entry), 20, 'the autostart entry')
+    session.close()
+    assert desktop.stop_host() == 0
+
+    # The next login starts the host, whose tray item registers with that session's tray.
+    login, tray, said = _login(desktop, 'login-on', host)
+    try:
+        item = tray.wait_for_item(30)
+        print(f'switch on to tray item after the next login: {time.monotonic() - started:.1f} s')
+        _end_autostarted_host(item, host)
+    finally:
+        tray.stop()
+        login.stop()
+    assert entry in said, said
+
+    # The entry removed by hand: the popover shows the switch off; on and off again work.
+    os.remove(entry)
+    session = Session(desktop, host)
+    session.open_popover()
+    assert ('switch', 'Launch on Login', False) in a11y.popover_rows(), a11y.popover_rows()
+    _toggle_and_wait(session, True)
+    wait_until(lambda: os.path.exists(entry), 20, 'the autostart entry written again')
+    _toggle_and_wait(session, False)
+    wait_until(lambda: not os.path.exists(entry), 20, 'the autostart entry to be removed')
+    session.close()
+    assert desktop.stop_host() == 0
+
+    # Switched off, the next login starts nothing.
+    login, tray, said = _login(desktop, 'login-off', host)
+    try:
+        time.sleep(5)
+        assert tray.registered_items() == [], tray.registered_items()
+    finally:
+        tray.stop()
+        login.stop()
+    assert LABEL not in said, said
+    assert desktop.launchctl_calls() == [], f'launchctl was run: {desktop.launchctl_calls()}'
 
 
 def every_command_button_sends_its_method_name_to_the_engine(desktop, host):

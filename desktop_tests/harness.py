@@ -1,6 +1,8 @@
 """A private desktop for one test: a virtual X display (Xvfb), a private D-Bus session bus (the
 accessibility bus is started on it on demand), a temporary home, and the host started in a
-private mount namespace where /bin/launchctl is a stand-in that records its arguments."""
+private mount namespace where /bin/launchctl is a stand-in that records its arguments (on
+Linux the host must never run it). A test can also play a later login into the same home: a
+second desktop with its own display and bus, on which the user's autostart entries are run."""
 
 import ctypes
 import os
@@ -68,14 +70,15 @@ IN_NAMESPACE = (
 
 
 class Desktop:
-    def __init__(self, name, artifacts):
+    def __init__(self, name, artifacts, home=None):
+        """A desktop with a new temporary home, or a later login into `home`, another desktop's."""
         self.name = name
         self.artifacts = artifacts
         os.makedirs(artifacts, exist_ok=True)
         self.root = tempfile.mkdtemp(prefix='vx-')  # short: socket paths under it must fit in 108 bytes
-        self.home = os.path.join(self.root, 'home')
+        self.home = home or os.path.join(self.root, 'home')
         self.runtime = os.path.join(self.root, 'runtime')
-        os.makedirs(self.home)
+        os.makedirs(self.home, exist_ok=True)
         os.makedirs(self.runtime, mode=0o700)
         self.launchctl_log = os.path.join(self.root, 'launchctl.log')
         self.engine_socket = os.path.join(self.runtime, 'engine.sock')
@@ -86,7 +89,9 @@ class Desktop:
 
     # -- the session ---------------------------------------------------------------------------
 
-    def start(self):
+    def start(self, current=True):
+        """Starts the display and the bus. The `current` desktop is also the one the test itself
+        talks to (accessibility, screenshots); a later login's is not."""
         base = {
             'PATH': '/usr/local/bin:/usr/bin:/bin',
             'HOME': self.home,
@@ -120,8 +125,9 @@ class Desktop:
         os.close(write_end)
         self.env['DBUS_SESSION_BUS_ADDRESS'] = _read_line_from(read_end, 20, 'the D-Bus session bus')
         os.close(read_end)
-        # The test itself talks to this desktop: accessibility, D-Bus, screenshots, input.
-        os.environ.update(self.env)
+        if current:
+            # The test itself talks to this desktop: accessibility, D-Bus, screenshots, input.
+            os.environ.update(self.env)
         return self
 
     def _spawn(self, argv, log, pass_fds=(), env=None):
@@ -183,7 +189,7 @@ class Desktop:
         if os.geteuid() != 0 or not shutil.which('unshare'):
             raise SetupError('the stand-in job-manager tool needs root and unshare(1) for a private mount namespace')
         mounts = os.path.join(self.root, 'mounts')
-        os.makedirs(mounts)
+        os.makedirs(mounts, exist_ok=True)
         argv = [host] + (['--engine-socket', self.engine_socket] if engine else []) + list(extra)
         command = ['unshare', '--mount', '--propagation', 'private', '--', '/bin/sh', '-c', IN_NAMESPACE, 'sh',
                    mounts, self.write_standin()] + argv
@@ -228,6 +234,25 @@ class Desktop:
             self.host.kill()
             self.host.wait()
             raise AssertionError('the host did not end on SIGTERM')
+
+    def autostart_entry(self, label):
+        return os.path.join(self.env['XDG_CONFIG_HOME'], 'autostart', f'{label}.desktop')
+
+    def run_autostart(self):
+        """What a session does at login: dex, an autostart runner, starts the user's autostart
+        entries (only the user's: the machine's own in /etc/xdg/autostart are left alone). Returns
+        what dex printed."""
+        autostart = os.path.join(self.env['XDG_CONFIG_HOME'], 'autostart')
+        log = os.path.join(self.root, 'dex.log')
+        # Into a file, not a pipe: what dex starts keeps its output open for as long as it runs.
+        with open(log, 'ab') as out:
+            status = subprocess.run(['dex', '--autostart', '--verbose', '--search-paths', autostart],
+                                    stdin=subprocess.DEVNULL, stdout=out, stderr=subprocess.STDOUT, env=self.env,
+                                    timeout=60).returncode
+        with open(log, encoding='utf-8', errors='replace') as out:
+            output = out.read()
+        assert status == 0, output
+        return output
 
     def launchctl_calls(self):
         try:

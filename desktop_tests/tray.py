@@ -23,7 +23,9 @@ WATCHER_XML = """
 
 
 class TrayWatcher:
-    def __init__(self, timeout=20.0):
+    def __init__(self, timeout=20.0, address=None):
+        """On the test's session bus, or on the bus at `address` (another desktop's)."""
+        self.address = address
         self.items = []  # (bus name, time registered)
         self.lock = threading.Condition()
         self.ready = threading.Event()
@@ -36,11 +38,17 @@ class TrayWatcher:
 
     def _serve(self):
         self.context.push_thread_default()
-        self.bus = Gio.bus_get_sync(Gio.BusType.SESSION, None)
+        if self.address:
+            flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+            self.bus = Gio.DBusConnection.new_for_address_sync(self.address, flags, None, None)
+        else:
+            self.bus = Gio.bus_get_sync(Gio.BusType.SESSION, None)
         info = Gio.DBusNodeInfo.new_for_xml(WATCHER_XML).interfaces[0]
-        self.bus.register_object('/StatusNotifierWatcher', info, self._method, self._property, None)
-        Gio.bus_own_name_on_connection(self.bus, 'org.kde.StatusNotifierWatcher', Gio.BusNameOwnerFlags.NONE,
-                                       lambda *_: self.ready.set(), None)
+        self.registration = self.bus.register_object('/StatusNotifierWatcher', info, self._method, self._property,
+                                                     None)
+        self.owner = Gio.bus_own_name_on_connection(self.bus, 'org.kde.StatusNotifierWatcher',
+                                                    Gio.BusNameOwnerFlags.NONE,
+                                                    lambda *_: self.ready.set(), None)
         self.loop.run()
 
     def _method(self, connection, sender, path, interface, method, parameters, invocation):
@@ -58,6 +66,10 @@ class TrayWatcher:
         if name == 'IsStatusNotifierHostRegistered':
             return GLib.Variant('b', True)
         return GLib.Variant('i', 0)
+
+    def registered_items(self):
+        with self.lock:
+            return [item for item, _ in self.items]
 
     def wait_for_item(self, timeout=20.0):
         with self.lock:
@@ -81,3 +93,8 @@ class TrayWatcher:
     def stop(self):
         self.context.invoke_full(GLib.PRIORITY_DEFAULT, self.loop.quit)
         self.thread.join(5)
+        # The session's tray goes away, so that a later one can take its place on the same bus.
+        self.bus.unregister_object(self.registration)
+        Gio.bus_unown_name(self.owner)
+        if self.address:
+            self.bus.close_sync(None)

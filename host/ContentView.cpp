@@ -31,15 +31,17 @@ using Kind = ContentView::Action::Kind;
 // The application's own job file, which says whether it starts at login.
 constexpr std::string_view launchAgentFileName = "com.vornix.os.launch.plist";
 
-// The switch's state when the view is made: on exactly when the job file says RunAtLoad true. It is
-// not read again; afterwards the switch shows what the user last set.
+// The switch's state when the view is made: on exactly when the job file says RunAtLoad true and
+// the job manager agrees that the job starts at the next login (launchd always does; an autostart
+// entry may have been removed or switched off in the desktop's settings). It is not read again;
+// afterwards the switch shows what the user last set.
 bool runAtLoadFromLaunchAgentFile() {
     try {
         const auto& control = launch_agent::LaunchControl::shared();
         const std::filesystem::path file = control.launchAgentsURL() / launchAgentFileName;
         auto agent = control.decoder.decode(platform::readWholeFile(file));
         agent->url = file;
-        return agent->runAtLoad.value_or(false);
+        return agent->runAtLoad.value_or(false) && control.startsAtLogin(*agent);
     } catch (const std::exception& error) {
         base::printLine(std::string("Something went wrong checking the launch agent file: ") + " " + error.what());
         return false;

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "launch_agent/JobManager.hpp"
 #include "launch_agent/LaunchAgent.hpp"
 #include "launch_agent/LaunchAgentStatus.hpp"
 
@@ -34,15 +35,17 @@ private:
 
 // Manages per-user launchd jobs: keeps LaunchAgent records as job files (XML property lists)
 // in the user's "LaunchAgents" folder, finds the file that belongs to an agent, and drives the
-// job manager "/bin/launchctl". Reached through `shared`. Folder, files and tools are the
+// system's job manager (the JobManager port: "/bin/launchctl" unless another one is installed,
+// as the XDG autostart one is on Linux). Reached through `shared`. Folder, files and tools are the
 // platform's (the Directories and Processes ports, files through POSIX); the folder is looked up
 // afresh on every call and nothing is cached.
 //
 // Every file, folder and property-list error reaches the caller unchanged:
 // std::filesystem::filesystem_error (a std::system_error) for the folder and its files,
-// plist::DecodingError and plist::EncodingError for the contents. The job manager is fire and
-// forget: neither what it does nor whether it could be started at all is looked at (a pipeline
-// that cannot start reads as empty output).
+// plist::DecodingError and plist::EncodingError for the contents. launchd is fire and forget:
+// neither what it does nor whether it could be started at all is looked at (a pipeline that
+// cannot start reads as empty output). The autostart job manager works in-process and passes
+// its file errors on from load and unload.
 class LaunchControl {
 public:
     // Agents to job-file bytes: an XML property list, version 1.0.
@@ -93,24 +96,28 @@ public:
     // no match `url` stays as it was. Only the folder lookup and its listing throw.
     virtual void setURLFor(LaunchAgent& agent) const;
 
-    // "/bin/launchctl" "load" / "unload" with the path of the agent's job file, started and not
-    // waited for. Throws LaunchControlError::urlNotSet when `url` is absent.
+    // The job manager loads / unloads the agent's job file (with launchd: "/bin/launchctl"
+    // "load" / "unload" and its path, started and not waited for). Throws
+    // LaunchControlError::urlNotSet when `url` is absent, and what the job manager throws
+    // (launchd: nothing).
     void load(const LaunchAgent& agent) const;
     void unload(const LaunchAgent& agent) const;
-    // "/bin/launchctl" "start" / "stop" with the agent's label, started and not waited for.
+    // The job manager starts / stops the job (with launchd: "/bin/launchctl" "start" / "stop"
+    // and its label, started and not waited for). Nothing is thrown.
     void start(const LaunchAgent& agent) const;
     void stop(const LaunchAgent& agent) const;
 
-    // "/bin/launchctl" "list" | "/usr/bin/grep" <label> | "/usr/bin/cut" "-f1", without a shell,
-    // read to its end. The label is grep's pattern, so it matches loosely (its dots match any
-    // character, anywhere in a line). Output that is not UTF-8 reads as empty; line ends are
-    // trimmed from both ends. "-" is loaded, nothing is unloaded, a decimal integer is running
-    // with that pid, and anything else (two matching lines, say) stops the process.
+    // What the job manager knows of the job (see LaunchctlJobManager::status and
+    // XdgAutostartJobManager::status).
     AgentStatus status(const LaunchAgent& agent) const;
 
+    // Whether the job, read from its file, will be started at the next login (see
+    // JobManager::startsAtLogin).
+    bool startsAtLogin(const LaunchAgent& agent) const;
+
 private:
+    static JobManager& jobManager();
     void writeAgent(LaunchAgent& agent, std::filesystem::path target) const;
-    void runLaunchctl(std::string verb, std::string operand) const;
 };
 
 }  // namespace vornix::launch_agent

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "base/Diagnostics.hpp"
 #include "launch_agent/LaunchControl.hpp"
@@ -14,7 +15,6 @@ namespace vornix::launch_agent {
 
 namespace {
 
-constexpr std::string_view jobLabel = "com.vornix.os.launch";
 constexpr std::string_view jobFileName = "com.vornix.os.launch.plist";
 
 // The job file of an earlier run, decoded with the controller's decoder, its `url` set.
@@ -25,6 +25,12 @@ std::shared_ptr<LaunchAgent> readJobFile(const LaunchControl& control) {
     return agent;
 }
 
+// What the job runs unless the platform replaces it: macOS's "open", waiting on the application bundle.
+const std::vector<std::string>& builtInProgram() {
+    static const std::vector<std::string> words{"/usr/bin/open", "-W", "/Applications/Vornix OS.app"};
+    return words;
+}
+
 }  // namespace
 
 StartAtLogin& StartAtLogin::shared() {
@@ -33,8 +39,23 @@ StartAtLogin& StartAtLogin::shared() {
 }
 
 StartAtLogin::StartAtLogin()
-    : launchAgent(std::make_shared<LaunchAgent>(std::string(jobLabel), "/usr/bin/open", "-W",
-                                                "/Applications/Vornix OS.app")) {}
+    : launchAgent(std::make_shared<LaunchAgent>(std::string(jobLabel), builtInProgram())) {}
+
+void StartAtLogin::replaceBuiltInProgram(const std::string& program) {
+    launchAgent = std::make_shared<LaunchAgent>(std::string(jobLabel), program);
+    const LaunchControl& control = LaunchControl::shared();
+    try {
+        const std::shared_ptr<LaunchAgent> agent = readJobFile(control);
+        if (agent->program || agent->programArguments != builtInProgram()) {
+            return;
+        }
+        agent->programArguments.reset();
+        agent->program = program;
+        control.write(*agent);
+    } catch (const std::exception&) {
+        // No job file, or one that cannot be read or written: nothing to carry over.
+    }
+}
 
 void StartAtLogin::loadLaunchAgent() {
     const LaunchControl& control = LaunchControl::shared();

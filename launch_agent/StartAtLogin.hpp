@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include "launch_agent/LaunchAgent.hpp"
 
@@ -15,6 +17,9 @@ public:
     // The one process-wide instance, made on first use (thread-safe) and never released.
     static StartAtLogin& shared();
 
+    // The job's label; its file is "<label>.plist".
+    static constexpr std::string_view jobLabel = "com.vornix.os.launch";
+
     // Starts with the built-in job: "com.vornix.os.launch" running "/usr/bin/open" "-W"
     // "/Applications/Vornix OS.app", every other member absent.
     StartAtLogin();
@@ -25,6 +30,13 @@ public:
     // The application's own job; replaced by the job file on disk the first time
     // loadLaunchAgent() finds one, so that settings edited into the file are kept.
     std::shared_ptr<LaunchAgent> launchAgent;
+
+    // Makes `program` the job's program in place of the built-in "/usr/bin/open" one, for
+    // systems where that does not start the application: in `launchAgent`, and in a job file
+    // that still names the built-in program (one an earlier version wrote), keeping its other
+    // settings. A job file that cannot be read or written is left as it is, silently: the switch
+    // reports failures when it is used.
+    virtual void replaceBuiltInProgram(const std::string& program);
 
     // Picks up the job file when there is one (silently keeping the current job when it cannot
     // be read), switches runAtLoad on, writes the file, then loads it. A failed write or load

@@ -52,6 +52,19 @@ void ChildReaper::adopt(pid_t child) {
     adopted_.notify_one();
 }
 
+bool ChildReaper::isRunning(pid_t child) {
+    std::lock_guard lock(mutex_);
+    if (std::find(children_.begin(), children_.end(), child) == children_.end()) {
+        return false;
+    }
+    // Looks without collecting: the reaper thread still reaps it, and the id stays ours until then.
+    siginfo_t info{};
+    if (::waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOHANG | WNOWAIT) != 0) {
+        return false;
+    }
+    return info.si_pid == 0;
+}
+
 void ChildReaper::reapFinished() { std::erase_if(children_, reaped); }
 
 void ChildReaper::run() {

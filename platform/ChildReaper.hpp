@@ -26,6 +26,10 @@ public:
     // Takes over the waiting for `child`, a child of this process that nobody else waits for.
     void adopt(pid_t child);
 
+    // Whether `child`, once adopted, still runs: not yet reaped and not ended waiting to be.
+    // False for a process id that was never adopted or whose child has been reaped.
+    bool isRunning(pid_t child);
+
     ChildReaper(const ChildReaper&) = delete;
     ChildReaper& operator=(const ChildReaper&) = delete;
 

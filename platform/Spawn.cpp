@@ -3,8 +3,10 @@
 #include <signal.h>
 #include <spawn.h>
 
+#include <map>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -61,9 +63,24 @@ int connect(FileActions& actions, int source, int target) {
 #endif
 }
 
+// The host's environment with `overrides` put in: a variable of the same name is replaced.
+std::vector<std::string> environmentWith(const std::map<std::string, std::string>& overrides) {
+    std::vector<std::string> variables;
+    for (char** variable = hostEnvironment(); *variable != nullptr; ++variable) {
+        const std::string_view entry(*variable);
+        if (!overrides.contains(std::string(entry.substr(0, entry.find('='))))) {
+            variables.emplace_back(entry);
+        }
+    }
+    for (const auto& [name, value] : overrides) {
+        variables.push_back(name + "=" + value);
+    }
+    return variables;
+}
+
 }  // namespace
 
-pid_t spawnChild(const Invocation& invocation, StandardStreams streams) {
+pid_t spawnChild(const Invocation& invocation, StandardStreams streams, const ChildSettings& settings) {
     if (!invocation.tool.starts_with('/')) {
         // A relative path would start whatever the current folder happens to hold.
         throw std::invalid_argument("a tool is started by its absolute path, not \"" + invocation.tool + "\"");
@@ -79,6 +96,9 @@ pid_t spawnChild(const Invocation& invocation, StandardStreams streams) {
 #elif defined(__GLIBC__) && (__GLIBC__ > 2 || (__GLIBC__ == 2 && __GLIBC_MINOR__ >= 34))
     check(::posix_spawn_file_actions_addclosefrom_np(actions.get(), 3), invocation);
 #endif
+    if (settings.workingDirectory) {
+        check(::posix_spawn_file_actions_addchdir_np(actions.get(), settings.workingDirectory->c_str()), invocation);
+    }
 
     Attributes attributes;
     // A tool starts as from a fresh shell: nothing blocked, and no signal ignored because the
@@ -101,9 +121,20 @@ pid_t spawnChild(const Invocation& invocation, StandardStreams streams) {
     }
     argv.push_back(nullptr);
 
+    char** environment = hostEnvironment();
+    std::vector<std::string> variables;
+    std::vector<char*> envp;
+    if (!settings.environment.empty()) {
+        variables = environmentWith(settings.environment);
+        for (std::string& variable : variables) {
+            envp.push_back(variable.data());
+        }
+        envp.push_back(nullptr);
+        environment = envp.data();
+    }
+
     pid_t child = 0;
-    check(::posix_spawn(&child, invocation.tool.c_str(), actions.get(), attributes.get(), argv.data(),
-                        hostEnvironment()),
+    check(::posix_spawn(&child, invocation.tool.c_str(), actions.get(), attributes.get(), argv.data(), environment),
           invocation);
     return child;
 }

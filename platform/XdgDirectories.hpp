@@ -13,4 +13,8 @@ public:
     std::filesystem::path userLibraryFolder() const override;
 };
 
+// The user's configuration folder: $XDG_CONFIG_HOME when it holds an absolute path, otherwise
+// $HOME/.config. Throws std::filesystem::filesystem_error when neither names one.
+std::filesystem::path userConfigFolder();
+
 }  // namespace vornix::platform

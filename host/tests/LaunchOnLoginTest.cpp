@@ -6,6 +6,7 @@
 
 #include "host/ContentView.hpp"
 #include "host/HostingController.hpp"
+#include "launch_agent/XdgAutostartJobManager.hpp"
 #include "launch_agent/tests/LaunchControlTestHome.hpp"
 #include "platform/doubles/FakePopovers.hpp"
 #include "platform/doubles/FixedDirectories.hpp"
@@ -82,6 +83,24 @@ TEST_F(LaunchOnLoginTest, WithRunAtLoadFalseTheSwitchStartsOff) {
     auto [view, output] = makeView();
     EXPECT_FALSE(view.runAtLoad.wrappedValue());
     EXPECT_EQ(output, "");
+}
+
+TEST_F(LaunchOnLoginTest, WithAnAutostartJobManagerTheSwitchStartsOnOnlyWhileTheEntryIsThereAndEnabled) {
+    launch_agent::XdgAutostartJobManager manager([this] { return home.home().path() / "autostart"; });
+    ScopedPort<launch_agent::JobManager> port(&manager);
+    writeJobFile(jobFile("true"));
+    EXPECT_FALSE(makeView().first.runAtLoad.wrappedValue()) << "no entry: nothing starts at login";
+
+    const auto entry = home.home().write("autostart/com.vornix.os.launch.desktop",
+                                         "[Desktop Entry]\nType=Application\nName=x\nExec=/usr/bin/true\n"
+                                         "X-GNOME-Autostart-enabled=true\n");
+    EXPECT_TRUE(makeView().first.runAtLoad.wrappedValue());
+
+    home.home().write("autostart/com.vornix.os.launch.desktop",
+                      "[Desktop Entry]\nType=Application\nName=x\nExec=/usr/bin/true\n"
+                      "X-GNOME-Autostart-enabled=false\n");
+    EXPECT_FALSE(makeView().first.runAtLoad.wrappedValue()) << "switched off in the desktop's settings";
+    std::filesystem::remove(entry);
 }
 
 TEST_F(LaunchOnLoginTest, AJobFileThatDoesNotDecodeStartsTheSwitchOffWithTheFailureLine) {

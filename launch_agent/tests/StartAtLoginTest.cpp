@@ -1,5 +1,6 @@
 #include "launch_agent/StartAtLogin.hpp"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -236,6 +237,40 @@ TEST(StartAtLogin, LoadWritesBeforeItLoadsAndUnloadUnloadsBeforeItWrites) {
     EXPECT_EQ(processes.fileAtLaunch[0], loaded);  // written, with RunAtLoad true, before "load"
     EXPECT_EQ(processes.fileAtLaunch[1], loaded);  // still so when "unload" starts
     EXPECT_NE(readWholeFile(jobFile(home)), loaded);
+}
+
+TEST(StartAtLogin, ReplacingTheBuiltInProgramChangesTheJobAndAJobFileThatStillNamesIt) {
+    LaunchControlTestHome home;
+    StartAtLogin startAtLogin;
+    startAtLogin.loadLaunchAgent();
+    LaunchAgent edited = *LaunchControl::shared().readAgent("com.vornix.os.launch.plist");
+    edited.environmentVariables = std::map<std::string, std::string>{{"KEPT", "yes"}};
+    LaunchControl::shared().write(edited);
+
+    StartAtLogin later;
+    later.replaceBuiltInProgram("/usr/local/bin/vornix-host");
+    EXPECT_EQ(later.launchAgent->program, "/usr/local/bin/vornix-host");
+    EXPECT_FALSE(later.launchAgent->programArguments);
+    const auto file = LaunchControl::shared().readAgent("com.vornix.os.launch.plist");
+    EXPECT_EQ(file->program, "/usr/local/bin/vornix-host");
+    EXPECT_FALSE(file->programArguments);
+    EXPECT_EQ(file->runAtLoad, true);
+    EXPECT_EQ(file->environmentVariables->at("KEPT"), "yes");
+}
+
+TEST(StartAtLogin, AJobFileWithAProgramOfItsOwnKeepsItWhenTheBuiltInOneIsReplaced) {
+    LaunchControlTestHome home;
+    LaunchAgent own("com.vornix.os.launch", "/opt/custom/start", "--quiet");
+    LaunchControl::shared().write(own);
+    const std::string before = readWholeFile(jobFile(home));
+    StartAtLogin().replaceBuiltInProgram("/usr/bin/vornix-host");
+    EXPECT_EQ(readWholeFile(jobFile(home)), before);
+}
+
+TEST(StartAtLogin, ReplacingTheBuiltInProgramWithoutAJobFileWritesNothing) {
+    LaunchControlTestHome home;
+    StartAtLogin().replaceBuiltInProgram("/usr/bin/vornix-host");
+    EXPECT_FALSE(std::filesystem::exists(jobFile(home)));
 }
 
 }  // namespace

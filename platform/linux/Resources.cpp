@@ -19,6 +19,8 @@ fs::path installPrefix() {
 
 fs::path resourcesFolder() { return installPrefix() / "share" / "vornix-host"; }
 
+fs::path hostExecutable() { return installPrefix() / "bin" / "vornix-host"; }
+
 fs::path modulesFolder() { return installPrefix() / VORNIX_MODULES_FOLDER; }
 
 std::optional<fs::path> imageFile(std::string_view name) {

@@ -14,6 +14,10 @@ std::filesystem::path resourcesFolder();
 // like the resources.
 std::filesystem::path modulesFolder();
 
+// The installed host, <prefix>/bin/vornix-host, by its absolute path: what a login runs to
+// start the application.
+std::filesystem::path hostExecutable();
+
 // The file of the image called `name` in the resources (an SVG, or else a PNG), if there is one.
 std::optional<std::filesystem::path> imageFile(std::string_view name);
 

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/PosixProcesses.hpp"
+#include "platform/Spawn.hpp"
 #include "platform/doubles/ProcessTable.hpp"
 
 extern char** environ;
@@ -94,6 +95,19 @@ TEST(ChildReaper, AChildThatRunsLongIsReapedOnceItEnds) {
     processes.launch({"/bin/sleep", {"1"}});
     processes.launch({"/bin/true", {}});
     EXPECT_TRUE(noChildrenWithin(30s));
+}
+
+TEST(ChildReaper, AnAdoptedChildRunsUntilItEndsAndAStrangerNeverRuns) {
+    const pid_t child = vornix::platform::spawnChild({"/bin/sleep", {"30"}}, {});
+    vornix::platform::ChildReaper::shared().adopt(child);
+    EXPECT_TRUE(vornix::platform::ChildReaper::shared().isRunning(child));
+    EXPECT_FALSE(vornix::platform::ChildReaper::shared().isRunning(::getpid()));
+    ::kill(child, SIGTERM);
+    const auto deadline = std::chrono::steady_clock::now() + 10s;
+    while (vornix::platform::ChildReaper::shared().isRunning(child) && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(1ms);
+    }
+    EXPECT_FALSE(vornix::platform::ChildReaper::shared().isRunning(child));
 }
 
 }  // namespace

@@ -73,4 +73,22 @@ TEST(XdgDirectories, NeitherVariableGivesAClearFileSystemError) {
     }
 }
 
+TEST(XdgDirectories, TheConfigurationFolderIsXdgConfigHomeWhenAbsolute) {
+    ScopedVariable config("XDG_CONFIG_HOME", "/srv/config");
+    ScopedVariable home("HOME", "/home/ada");
+    EXPECT_EQ(vornix::platform::userConfigFolder(), "/srv/config");
+}
+
+TEST(XdgDirectories, ARelativeXdgConfigHomeIsIgnoredForDotConfigInHome) {
+    ScopedVariable config("XDG_CONFIG_HOME", "relative/config");
+    ScopedVariable home("HOME", "/home/ada");
+    EXPECT_EQ(vornix::platform::userConfigFolder(), "/home/ada/.config");
+}
+
+TEST(XdgDirectories, WithoutHomeOrXdgConfigHomeThereIsNoConfigurationFolder) {
+    ScopedVariable config("XDG_CONFIG_HOME", nullptr);
+    ScopedVariable home("HOME", nullptr);
+    EXPECT_THROW(vornix::platform::userConfigFolder(), std::filesystem::filesystem_error);
+}
+
 }  // namespace
