@@ -1,11 +1,27 @@
 # Build helpers shared by every module: one static library per module, tests beside it.
 
-set(VORNIX_WARNINGS -Wall -Wextra -Werror)
+# Warnings are errors only where the compiler is known: the project's presets (and so CI) turn
+# VORNIX_WERROR on. A packager's build, with its own flags or a newer compiler, must not fail on a
+# warning that compiler added.
+set(VORNIX_WARNINGS -Wall -Wextra)
+if(VORNIX_WERROR)
+  list(APPEND VORNIX_WARNINGS -Werror)
+endif()
 
 if(VORNIX_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+
+# Every test whose processes start the desktop stack runs with its leak suppressions; see
+# sanitizers/desktop-stack.supp.
+set(VORNIX_DESKTOP_STACK_ENVIRONMENT
+  "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/sanitizers/desktop-stack.supp:print_suppressions=0")
+
+# vornix_starts_desktop_stack(TEST ...): those tests' processes start GTK.
+function(vornix_starts_desktop_stack)
+  set_property(TEST ${ARGN} APPEND PROPERTY ENVIRONMENT ${VORNIX_DESKTOP_STACK_ENVIRONMENT})
+endfunction()
 
 # vornix_module(NAME [SOURCES ...] [LIBS ...]): the module's library, target vornix_NAME
 # (an interface library while the module is headers only).
