@@ -1,13 +1,16 @@
 #!/usr/bin/env bash
 # Installs the build into a temporary prefix and checks that the result is usable: the host
-# runs from there and finds its icon, the desktop entry makes it the vornix-os URL handler, and
-# the HTTP fetcher module sits in the modules folder while the host itself does not need libcurl.
+# runs from there and finds its icon, the desktop entry makes it the vornix-os URL handler, the
+# HTTP fetcher module sits in the modules folder while the host itself does not need libcurl,
+# the icon, metadata and manual pages are where desktops look; and that a staged install (as a
+# package build makes) leaves the desktop database to the system it lands on.
 #   install_layout.sh BUILD_DIR LIBDIR
 set -euo pipefail
 build=$1
 libdir=$2
 prefix=$(mktemp -d /tmp/vornix-install-XXXXXX)
-trap 'rm -rf "$prefix"' EXIT
+staged=$(mktemp -d /tmp/vornix-staged-XXXXXX)
+trap 'rm -rf "$prefix" "$staged"' EXIT
 
 cmake --install "$build" --prefix "$prefix" >/dev/null
 fail() { echo "install layout: $*"; exit 1; }
@@ -32,5 +35,17 @@ grep -q "libcurl" <<<"$module_libraries" || fail "the HTTP fetcher module does n
 host_libraries=$(ldd "$prefix/bin/vornix-host")
 if grep -q "libcurl" <<<"$host_libraries"; then
   fail "the host loads libcurl at start-up"
+fi
+[[ -f "$prefix/share/icons/hicolor/scalable/apps/com.vornix.os.svg" ]] || fail "no icon in the hicolor theme"
+grep -qx "Icon=com.vornix.os" "$entry" || fail "the desktop entry does not name the themed icon"
+[[ -f "$prefix/share/metainfo/com.vornix.os.metainfo.xml" ]] || fail "no AppStream metadata"
+for page in vornix-host vornix-tool; do
+  [[ -f "$prefix/share/man/man1/$page.1" ]] || fail "no manual page $page(1)"
+done
+
+DESTDIR="$staged" cmake --install "$build" --prefix /usr >/dev/null
+[[ -f "$staged/usr/share/applications/com.vornix.os.desktop" ]] || fail "the staged install has no desktop entry"
+if [[ -e "$staged/usr/share/applications/mimeinfo.cache" ]]; then
+  fail "a staged install writes the desktop database"
 fi
 echo "install layout: ok"
