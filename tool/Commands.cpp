@@ -11,7 +11,6 @@ namespace vornix::tool {
 
 std::span<const Command> commands() {
     static const std::array table{
-        codecCommand,
         Command{"plist", "plist lint FILE... | json FILE | xml FILE | from-json FILE", &runPlistCommand},
         Command{"agent", "agent FILE", runAgent},
         Command{"permissions", "permissions MODE | permissions --umask MASK", runPermissions},

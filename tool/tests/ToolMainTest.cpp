@@ -24,6 +24,15 @@ TEST(ToolMain, HelpGoesToStandardOutputAndSucceeds) {
     EXPECT_NE(run.out.find("usage: vornix-tool COMMAND"), std::string::npos);
 }
 
+TEST(ToolMain, HelpListsEveryCommandOnce) {
+    const std::string out = runTool({"--help"}).out;
+    for (const std::string command : {"plist lint", "agent FILE", "permissions MODE", "codec encode"}) {
+        const std::size_t first = out.find(command);
+        ASSERT_NE(first, std::string::npos) << command;
+        EXPECT_EQ(out.find(command, first + 1), std::string::npos) << command << " is listed twice";
+    }
+}
+
 TEST(ToolMain, NoArgumentsPrintsUsageToStandardErrorAndFails) {
     const ToolRun run = runTool({});
     EXPECT_EQ(run.status, 2);
