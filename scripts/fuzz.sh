@@ -4,7 +4,7 @@
 # dictionary from fuzz/NAME.dict beside it, when there are; findings land in build/fuzz/findings/.
 # Then replays each fuzzer's corpus through the fuzz-coverage build and prints the line and
 # branch coverage of the sources the fuzzer targets (its COVERS list); the per-file tables and
-# the annotated sources are in build/fuzz-coverage/reports/.
+# the annotated sources are in build/fuzz-coverage/reports/ (NAME.txt, NAME.show.txt).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-60}
@@ -40,17 +40,13 @@ mkdir -p "$reports"
 for fuzzer in "${fuzzers[@]}"; do
   name=$(basename "$fuzzer")
   replay=$(find build/fuzz-coverage -type f -name "$name" -perm -u+x | head -n 1)
-  mapfile -t covers < "build/fuzz-coverage/fuzzers/$name.covers"
   seeds=$(find . -path ./build -prune -o -type d -path "*/fuzz/corpus/$name" -print | head -n 1)
   rm -f "$reports/$name.profraw"
   LLVM_PROFILE_FILE="$reports/$name.profraw" "$replay" -runs=0 "build/fuzz/corpus/$name" ${seeds:+"$seeds"} \
     >/dev/null 2>&1 || { echo "fuzz: replaying the corpus of $name failed"; exit 1; }
   llvm-profdata-14 merge -sparse -o "$reports/$name.profdata" "$reports/$name.profraw"
-  llvm-cov-14 report "$replay" -instr-profile="$reports/$name.profdata" "${covers[@]}" > "$reports/$name.txt"
-  llvm-cov-14 show "$replay" -instr-profile="$reports/$name.profdata" -show-branches=count "${covers[@]}" \
-    > "$reports/$name.show.txt"
-  # The TOTAL row: lines (count, missed, cover) are fields 8 to 10, branches 11 to 13.
-  awk -v name="$name" '$1 == "TOTAL" {
-      printf "coverage: %s: lines %s (%d of %d), branches %s (%d of %d)\n", name, $10, $8 - $9, $8, $13, $11 - $12, $11
-    }' "$reports/$name.txt"
+  llvm-cov-14 export -summary-only "$replay" -instr-profile="$reports/$name.profdata" \
+    | python3 scripts/coverage-summary.py "$name" "build/fuzz-coverage/fuzzers/$name.covers" > "$reports/$name.txt"
+  llvm-cov-14 show "$replay" -instr-profile="$reports/$name.profdata" -show-branches=count > "$reports/$name.show.txt"
+  head -n 1 "$reports/$name.txt"
 done
