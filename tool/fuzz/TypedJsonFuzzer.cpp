@@ -1,5 +1,5 @@
 // Any bytes, read as vornix-tool reads a typed JSON value for the codec commands: text that is
-// not JSON fails with a parse error, JSON that is not the typed form with a TypedJsonError
+// not JSON fails with a NotJsonError, JSON that is not the typed form with a TypedJsonError
 // (nothing else escapes), and a value that was read writes to typed JSON that reads back and
 // writes again to the same text.
 //
@@ -10,20 +10,23 @@
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <string_view>
 
 #include "engine/EncodableValue.hpp"
 #include "tool/TypedJson.hpp"
 
 using nlohmann::json;
 using vornix::tool::fromTypedJson;
+using vornix::tool::NotJsonError;
+using vornix::tool::parseJson;
 using vornix::tool::toTypedJson;
 using vornix::tool::TypedJsonError;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     json parsed;
     try {
-        parsed = json::parse(data, data + size);
-    } catch (const json::parse_error&) {
+        parsed = parseJson(std::string_view(reinterpret_cast<const char*>(data), size));
+    } catch (const NotJsonError&) {
         return 0;
     }
     vornix::engine::EncodableValue value;
