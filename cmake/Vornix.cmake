@@ -23,6 +23,21 @@ function(vornix_starts_desktop_stack)
   set_property(TEST ${ARGN} APPEND PROPERTY ENVIRONMENT ${VORNIX_DESKTOP_STACK_ENVIRONMENT})
 endfunction()
 
+# libFuzzer steers by the edges it sees, so every library a fuzzer reaches carries the coverage
+# hooks, not only the harness (the coverage build only replays corpora: it needs none).
+if(VORNIX_FUZZERS)
+  add_custom_target(fuzzers)
+  if(NOT VORNIX_COVERAGE)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+  endif()
+endif()
+
+# Source-based coverage, for replaying the fuzzers' corpora and reporting what they reached.
+if(VORNIX_COVERAGE)
+  add_compile_options(-fprofile-instr-generate -fcoverage-mapping)
+  add_link_options(-fprofile-instr-generate)
+endif()
+
 # vornix_module(NAME [SOURCES ...] [LIBS ...]): the module's library, target vornix_NAME
 # (an interface library while the module is headers only).
 function(vornix_module name)
@@ -63,14 +78,20 @@ function(vornix_benchmark name)
   target_link_libraries(${name} PRIVATE ${ARG_LIBS} benchmark::benchmark_main)
 endfunction()
 
-# vornix_fuzzer(NAME SOURCES ... [LIBS ...]): a libFuzzer target, built only in the fuzz preset.
+# vornix_fuzzer(NAME SOURCES ... [LIBS ...] COVERS ...): a libFuzzer target, built only in the fuzz
+# presets. COVERS names the sources (from the project's root) of the module the fuzzer targets:
+# their coverage is what scripts/fuzz.sh reports for it, from build/<preset>/fuzzers/NAME.covers.
 function(vornix_fuzzer name)
   if(NOT VORNIX_FUZZERS)
     return()
   endif()
-  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS;COVERS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_compile_options(${name} PRIVATE ${VORNIX_WARNINGS} -fsanitize=fuzzer)
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
   target_link_libraries(${name} PRIVATE ${ARG_LIBS})
+  add_dependencies(fuzzers ${name})
+  list(TRANSFORM ARG_COVERS PREPEND "${PROJECT_SOURCE_DIR}/")
+  list(JOIN ARG_COVERS "\n" covers)
+  file(WRITE "${PROJECT_BINARY_DIR}/fuzzers/${name}.covers" "${covers}\n")
 endfunction()

@@ -5,23 +5,13 @@
 
 #include "base/Diagnostics.hpp"
 #include "base/FatalError.hpp"
+#include "host/SplitFields.hpp"
 #include "platform/Alerts.hpp"
 #include "platform/Updater.hpp"
 #include "url/URL.hpp"
 
 namespace vornix::host {
 namespace {
-
-// Splits on every `separator`, keeping empty fields: "a=" gives "a" and "".
-std::vector<std::string_view> split(std::string_view text, char separator) {
-    std::vector<std::string_view> fields;
-    std::size_t start = 0;
-    for (std::size_t end; (end = text.find(separator, start)) != std::string_view::npos; start = end + 1) {
-        fields.push_back(text.substr(start, end - start));
-    }
-    fields.push_back(text.substr(start));
-    return fields;
-}
 
 // The "scheme" the engine may name in its arguments, when they are a map with string keys.
 std::optional<std::string> schemeArgument(const engine::EncodableValue& arguments) {
@@ -91,7 +81,7 @@ void CustomURLSchemeHandler::handleAppleEvent(const platform::AppleEvent& event,
     if (!query) {
         base::fatalError("the URL has no query: " + text);
     }
-    const std::vector<std::string_view> parts = split(*query, '&');
+    const std::vector<std::string_view> parts = splitFields(*query, '&');
 
     if (*query == "update") {
         platform::Updater::current().checkForUpdatesInBackground();
@@ -106,7 +96,7 @@ void CustomURLSchemeHandler::handleAppleEvent(const platform::AppleEvent& event,
         if (i == parts.size()) {
             base::fatalError("the URL's query has fewer than three parts: " + std::string(*query));
         }
-        const std::vector<std::string_view> fields = split(parts[i], '=');
+        const std::vector<std::string_view> fields = splitFields(parts[i], '=');
         if (fields.size() < 2) {
             base::fatalError("a part of the URL's query has no \"=\": " + std::string(parts[i]));
         }

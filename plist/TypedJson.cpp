@@ -155,8 +155,10 @@ Value readTypedJson(std::string_view text) {
     Json json;
     try {
         json = Json::parse(text);
-    } catch (const Json::parse_error& error) {
-        // nlohmann's text: "[json.exception.parse_error.101] parse error at line 1, column 5: ..."
+    } catch (const Json::exception& error) {
+        // A syntax error is a parse_error, a number beyond a double's range an out_of_range:
+        // "[json.exception.parse_error.101] parse error at line 1, column 5: ..." and
+        // "[json.exception.out_of_range.406] number overflow parsing '1e999'".
         const std::string message = error.what();
         throw DataCorrupted({}, "not JSON: " + message.substr(message.find("] ") + 2));
     }

@@ -1,7 +1,10 @@
 #!/usr/bin/env bash
 # Builds the fuzz preset and runs every libFuzzer target for SECONDS each (default 60).
-# Seeds come from the fuzzer's corpus folder in the source tree when there is one;
-# findings land in build/fuzz/findings/.
+# Seeds come from the fuzzer's corpus folder in the source tree (fuzz/corpus/NAME) and its
+# dictionary from fuzz/NAME.dict beside it, when there are; findings land in build/fuzz/findings/.
+# Then replays each fuzzer's corpus through the fuzz-coverage build and prints the line and
+# branch coverage of the sources the fuzzer targets (its COVERS list); the per-file tables and
+# the annotated sources are in build/fuzz-coverage/reports/ (NAME.txt, NAME.show.txt).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-60}
@@ -21,9 +24,29 @@ for fuzzer in "${fuzzers[@]}"; do
   work="build/fuzz/corpus/$name"
   mkdir -p "$work"
   seeds=$(find . -path ./build -prune -o -type d -path "*/fuzz/corpus/$name" -print | head -n 1)
+  dictionary=$(find . -path ./build -prune -o -type f -path "*/fuzz/$name.dict" -print | head -n 1)
   echo "fuzz: $name for ${seconds}s"
-  "$fuzzer" -max_total_time="$seconds" -print_final_stats=0 \
+  "$fuzzer" -max_total_time="$seconds" -print_final_stats=1 ${dictionary:+-dict="$dictionary"} \
     -artifact_prefix="build/fuzz/findings/$name-" "$work" ${seeds:+"$seeds"} 2>build/fuzz/$name.log \
     || { tail -n 40 "build/fuzz/$name.log"; echo "fuzz: $name failed"; exit 1; }
+  grep -E '^#[0-9]+' "build/fuzz/$name.log" | tail -n 1 | sed "s/^/fuzz: $name: /"
 done
 echo "fuzz: ${#fuzzers[@]} fuzzers ran clean"
+
+cmake --preset fuzz-coverage >/dev/null
+cmake --build --preset fuzz-coverage >/dev/null
+reports=build/fuzz-coverage/reports
+mkdir -p "$reports"
+for fuzzer in "${fuzzers[@]}"; do
+  name=$(basename "$fuzzer")
+  replay=$(find build/fuzz-coverage -type f -name "$name" -perm -u+x | head -n 1)
+  seeds=$(find . -path ./build -prune -o -type d -path "*/fuzz/corpus/$name" -print | head -n 1)
+  rm -f "$reports/$name.profraw"
+  LLVM_PROFILE_FILE="$reports/$name.profraw" "$replay" -runs=0 "build/fuzz/corpus/$name" ${seeds:+"$seeds"} \
+    >/dev/null 2>&1 || { echo "fuzz: replaying the corpus of $name failed"; exit 1; }
+  llvm-profdata-14 merge -sparse -o "$reports/$name.profdata" "$reports/$name.profraw"
+  llvm-cov-14 export -summary-only "$replay" -instr-profile="$reports/$name.profdata" \
+    | python3 scripts/coverage-summary.py "$name" "build/fuzz-coverage/fuzzers/$name.covers" > "$reports/$name.txt"
+  llvm-cov-14 show "$replay" -instr-profile="$reports/$name.profdata" -show-branches=count > "$reports/$name.show.txt"
+  head -n 1 "$reports/$name.txt"
+done

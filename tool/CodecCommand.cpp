@@ -40,8 +40,8 @@ engine::Bytes hexArgument(std::span<const std::string> args, std::string_view us
 engine::EncodableValue parseTypedJson(const std::string& text, const std::string& source) {
     json parsed;
     try {
-        parsed = json::parse(text);
-    } catch (const json::parse_error& error) {
+        parsed = parseJson(text);
+    } catch (const NotJsonError& error) {
         throw InputError(source + " is not JSON: " + error.what());
     }
     try {

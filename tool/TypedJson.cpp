@@ -173,4 +173,13 @@ json toTypedJson(const EncodableValue& value) {
 
 EncodableValue fromTypedJson(const json& json) { return Reader().value(json, "$", 0); }
 
+json parseJson(std::string_view text) {
+    try {
+        return json::parse(text);
+    } catch (const json::exception& error) {
+        // A syntax error is a parse_error, a number beyond a double's range an out_of_range.
+        throw NotJsonError(error.what());
+    }
+}
+
 }  // namespace vornix::tool

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "engine/EncodableValue.hpp"
 
@@ -25,5 +26,14 @@ class TypedJsonError : public std::runtime_error {
 public:
     explicit TypedJsonError(const std::string& what) : std::runtime_error(what) {}
 };
+
+class NotJsonError : public std::runtime_error {
+public:
+    explicit NotJsonError(const std::string& what) : std::runtime_error(what) {}
+};
+
+// The JSON text a command was given; throws NotJsonError with nlohmann's reason for text that
+// is not JSON, a number beyond a double's range included.
+nlohmann::json parseJson(std::string_view text);
 
 }  // namespace vornix::tool

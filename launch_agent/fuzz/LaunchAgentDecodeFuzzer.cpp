@@ -1,5 +1,10 @@
 // Any bytes, read as a job file: a decode either fails with a DecodingError or gives a record
 // whose XML form reads back to the same record (unless the writer refuses one of its strings).
+//
+// Not reached by design: the records' constructors from values given in code (launch_agent/*.cpp
+// other than the decoding ones); in plist/KeyedCoding.*, the codings of reals, dates and data,
+// which no job-file key uses, and the encoding errors for a null record or a value that is none
+// of an enumeration's cases, which only a record built in code can hold.
 
 #include <cstddef>
 #include <cstdint>

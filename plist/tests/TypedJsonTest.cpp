@@ -90,6 +90,13 @@ TEST(TypedJson, TextThatIsNotJsonIsDataCorruptedWithItsPosition) {
     EXPECT_NE(failure("").find("not JSON"), std::string::npos);
 }
 
+// Found by fuzz_plist_typed_json: nlohmann refuses such a number with out_of_range, not parse_error.
+TEST(TypedJson, NumberBeyondADoublesRangeIsDataCorruptedNotJson) {
+    EXPECT_EQ(failure("4444e444e44{\"bool\": 4444444444444;"),
+              "dataCorrupted: not JSON: number overflow parsing '4444e444'");
+    EXPECT_EQ(failure("{\"real\": -1e999}"), "dataCorrupted: not JSON: number overflow parsing '-1e999'");
+}
+
 TEST(TypedJson, JsonThatIsNotTheTypedFormNamesThePathOfTheFault) {
     EXPECT_EQ(failure("\"bare\""), "dataCorrupted: a value is not a JSON object with exactly one member naming its kind");
     EXPECT_EQ(failure("{\"string\": \"a\", \"bool\": true}"),

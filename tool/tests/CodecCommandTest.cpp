@@ -110,6 +110,12 @@ TEST(CodecCommand, BadTypedJsonIsRefusedSayingWhereAndWhy) {
     expectInputRefused(codec({"call", "x", "[]"}), "ARGS-JSON: at $");
 }
 
+// Found by fuzz_tool_typed_json: nlohmann refuses such a number with out_of_range, not parse_error.
+TEST(CodecCommand, NumberBeyondADoublesRangeIsRefusedAsNotJson) {
+    expectInputRefused(codec({"encode"}, "2e425"), "standard input is not JSON: [json.exception.out_of_range.406]");
+    expectInputRefused(codec({"call", "x", R"({"list": [1e999]})"}), "ARGS-JSON is not JSON");
+}
+
 TEST(CodecCommand, AbsurdlyDeepTypedJsonIsRefused) {
     std::string deep;
     for (int i = 0; i < 1000; ++i) deep += R"({"list":[)";
