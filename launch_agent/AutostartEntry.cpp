@@ -36,6 +36,12 @@ std::vector<std::string> ignoredKeysOf(const LaunchAgent& agent) {
         if (present.contains(text) && !expressed) {
             ignored.emplace_back(text);
         }
+        // launchd runs Program with ProgramArguments as its whole argument vector; an entry
+        // cannot name argv[0], so the first argument word is dropped, and said so.
+        if (key == Key::programArguments && agent.program && agent.programArguments &&
+            !agent.programArguments->empty()) {
+            ignored.emplace_back("argv[0]");
+        }
     }
     return ignored;
 }

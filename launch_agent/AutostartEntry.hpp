@@ -14,7 +14,8 @@ struct AutostartEntry {
     // The entry's text: one "[Desktop Entry]" group with Type, Name, Exec, Path (when the job has
     // a working directory), NoDisplay and X-GNOME-Autostart-enabled.
     std::string text;
-    // The job's keys that an entry cannot express, in key-table order ("KeepAlive", ...).
+    // The job's keys that an entry cannot express, in key-table order ("KeepAlive", ...), with
+    // "argv[0]" after ProgramArguments when the job also names its Program.
     std::vector<std::string> ignoredKeys;
 };
 

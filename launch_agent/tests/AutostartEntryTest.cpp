@@ -8,6 +8,8 @@
 
 #include "launch_agent/DesktopEntry.hpp"
 #include "launch_agent/StartCalendarInterval.hpp"
+#include "launch_agent/tests/JobFiles.hpp"
+#include "plist/PropertyList.hpp"
 
 namespace {
 
@@ -114,6 +116,62 @@ TEST(AutostartEntry, KeysAnEntryCannotExpressAreListedInKeyTableOrder) {
     agent.nice = 5;
     EXPECT_EQ(autostartEntryFor(agent).ignoredKeys,
               (Words{"StandardOutPath", "StartInterval", "StartCalendarInterval", "KeepAlive", "UserName", "Nice"}));
+}
+
+TEST(AutostartEntry, ProgramWithProgramArgumentsListsArgv0AsIgnored) {
+    LaunchAgent agent("job", "name-for-argv0", "--one");
+    agent.program = "/usr/bin/real";
+    agent.keepAlive = true;
+    EXPECT_EQ(autostartEntryFor(agent).ignoredKeys, (Words{"argv[0]", "KeepAlive"}));
+}
+
+TEST(AutostartEntry, EveryKeyOfAJobFileIsEitherExpressedOrListed) {
+    using vornix::launch_agent::testing::fileBytes;
+    using vornix::launch_agent::testing::fixtureFolder;
+    const auto agent =
+        vornix::plist::decode<std::shared_ptr<LaunchAgent>>(fileBytes(fixtureFolder() / "every_key.plist"));
+    // Label, Disabled, Program, ProgramArguments (after its first word), WorkingDirectory,
+    // EnvironmentVariables and RunAtLoad are the entry's; the job file has every other key too.
+    EXPECT_EQ(autostartEntryFor(*agent).ignoredKeys,
+              (Words{"EnableGlobbing",
+                     "argv[0]",
+                     "StandardInPath",
+                     "StandardOutPath",
+                     "StandardErrorPath",
+                     "StartInterval",
+                     "StartCalendarInterval",
+                     "StartOnMount",
+                     "OnDemand",
+                     "KeepAlive",
+                     "WatchPaths",
+                     "QueueDirectories",
+                     "Umask",
+                     "SessionCreate",
+                     "GroupName",
+                     "UserName",
+                     "InitGroups",
+                     "RootDirectory",
+                     "LaunchOnlyOnce",
+                     "LimitLoadToSessionType",
+                     "LimitLoadToHosts",
+                     "LimitLoadFromHosts",
+                     "AbandonProcessGroup",
+                     "EnablePressuredExit",
+                     "EnableTransactions",
+                     "ExitTimeOut",
+                     "inetdCompatibility",
+                     "HardResourceLimits",
+                     "SoftResourceLimits",
+                     "TimeOut",
+                     "ThrottleInterval",
+                     "MachServices",
+                     "Debug",
+                     "WaitForDebugger",
+                     "LegacyTimers",
+                     "LowPriorityIO",
+                     "LowPriorityBackgroundIO",
+                     "Nice",
+                     "ProcessType"}));
 }
 
 TEST(AutostartEntry, ALabelIsTheFileName) {

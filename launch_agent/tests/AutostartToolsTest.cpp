@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
 #include <thread>
@@ -192,16 +193,25 @@ void expectValid(const fs::path& entry, const std::string& what) {
     EXPECT_EQ(readWholeFile(report), "") << what;
 }
 
-void expectGlibRunsExactly(const fs::path& entry, const Words& words, const std::string& what) {
-    const fs::path record = entry.parent_path().parent_path() / "record";
+// Starts `entry` with GLib's launcher and waits for its program to write `record`.
+testing::AssertionResult launchedByGlib(const fs::path& entry, const fs::path& record) {
     fs::remove(record);
-    ASSERT_EQ(run("VORNIX_RECORD=" + shellQuoted(record.string()) + " gio launch " + shellQuoted(entry.string())), 0)
-        << what;
+    if (run("VORNIX_RECORD=" + shellQuoted(record.string()) + " gio launch " + shellQuoted(entry.string())) != 0) {
+        return testing::AssertionFailure() << "gio launch failed";
+    }
     const auto deadline = std::chrono::steady_clock::now() + 20s;
     while (!fs::exists(record) && std::chrono::steady_clock::now() < deadline) {
         std::this_thread::sleep_for(5ms);
     }
-    ASSERT_TRUE(fs::exists(record)) << what << ": the program did not run";
+    if (!fs::exists(record)) {
+        return testing::AssertionFailure() << "the program did not run";
+    }
+    return testing::AssertionSuccess();
+}
+
+void expectGlibRunsExactly(const fs::path& entry, const Words& words, const std::string& what) {
+    const fs::path record = entry.parent_path().parent_path() / "record";
+    ASSERT_TRUE(launchedByGlib(entry, record)) << what;
     EXPECT_EQ(splitAtNul(readWholeFile(record)), words) << what;
 }
 
@@ -224,6 +234,32 @@ TEST(AutostartReaders, GlibStartsTheProgramWithExactlyTheJobsWords) {
             expectGlibRunsExactly(entry, words, row.what);
         }
     }
+}
+
+TEST(AutostartReaders, GlibStartsTheProgramInTheJobsWorkingDirectoryWithItsEnvironment) {
+    ReaderHome home;
+    const fs::path program = home.home().path() / "programs" / "where";
+    const fs::path workingDirectory = home.home().path() / "work dir";
+    fs::create_directories(program.parent_path());
+    fs::create_directories(workingDirectory);
+    vornix::platform::writeWholeFile(program,
+                                     "#!/bin/sh\n"
+                                     "{ pwd; printf '%s\\n' \"$VORNIX_GREETING\" \"$VORNIX_QUOTED\"; } > \"$VORNIX_RECORD.part\"\n"
+                                     "mv \"$VORNIX_RECORD.part\" \"$VORNIX_RECORD\"\n");
+    fs::permissions(program, fs::perms::owner_all);
+    LaunchAgent agent("com.example.where", program.string());
+    agent.runAtLoad = true;
+    agent.workingDirectory = workingDirectory.string();
+    agent.environmentVariables =
+        std::map<std::string, std::string>{{"VORNIX_GREETING", "two words"}, {"VORNIX_QUOTED", "it's \"$x\" 100%"}};
+    LaunchControl::shared().write(agent);
+    LaunchControl::shared().load(agent);
+    const fs::path entry = home.autostart() / "com.example.where.desktop";
+    expectValid(entry, "working directory and environment");
+
+    const fs::path record = home.home().path() / "record";
+    ASSERT_TRUE(launchedByGlib(entry, record));
+    EXPECT_EQ(readWholeFile(record), workingDirectory.string() + "\ntwo words\nit's \"$x\" 100%\n");
 }
 
 TEST(AutostartReaders, SystemdsGeneratorMakesAUnitWhoseCommandLineIsTheJobsWords) {

@@ -235,6 +235,24 @@ TEST(XdgAutostartJobManager, TheSwitchTurnsTheEntryOnAndOffThroughStartAtLogin) 
     EXPECT_TRUE(fs::exists(home.entry("com.vornix.os.launch")));
 }
 
+TEST(XdgAutostartJobManager, AnEntrySwitchedOffInTheDesktopsSettingsIsWrittenAfreshWhenTurnedOnAgain) {
+    AutostartHome home;
+    StartAtLogin startAtLogin;
+    startAtLogin.launchAgent = std::make_shared<LaunchAgent>("com.vornix.os.launch", "/usr/bin/vornix-host");
+    startAtLogin.loadLaunchAgent();
+    const std::string written = readWholeFile(home.entry("com.vornix.os.launch"));
+    std::string gnomeOff = written;
+    gnomeOff.replace(gnomeOff.find("X-GNOME-Autostart-enabled=true"), 30, "X-GNOME-Autostart-enabled=false");
+    for (const std::string& switchedOff : {written + "Hidden=true\n", gnomeOff}) {
+        writeWholeFile(home.entry("com.vornix.os.launch"), switchedOff);
+        const auto onDisk = LaunchControl::shared().readAgent("com.vornix.os.launch.plist");
+        EXPECT_FALSE(LaunchControl::shared().startsAtLogin(*onDisk));
+        startAtLogin.loadLaunchAgent();
+        EXPECT_EQ(readWholeFile(home.entry("com.vornix.os.launch")), written);
+        EXPECT_TRUE(LaunchControl::shared().startsAtLogin(*onDisk));
+    }
+}
+
 TEST(XdgAutostartJobManager, AnAutostartFolderThatCannotBeWrittenIsTheOneLineDiagnosticAndKeepsTheJobFile) {
     AutostartHome home;
     writeWholeFile(home.home().path() / "plain-file", "");
