@@ -45,7 +45,11 @@ done
 echo "== packager: configure (no preset, Release, dpkg-buildflags), build, test"
 packager=build/packager
 (
+  # The flags debian/rules builds the package with; CMake reads no CPPFLAGS, so they go with the
+  # compiler flags, as debhelper's CMake build system passes them.
+  export DEB_BUILD_MAINT_OPTIONS=hardening=+all
   eval "$(dpkg-buildflags --export=sh)"
+  export CFLAGS="$CFLAGS $CPPFLAGS" CXXFLAGS="$CXXFLAGS $CPPFLAGS"
   cmake -S . -B "$packager" -DCMAKE_BUILD_TYPE=Release >/dev/null
 ) || fail "packager: configure"
 cmake --build "$packager" --parallel 2 || fail "packager: build"
