@@ -20,7 +20,7 @@ if [ ! -d "$kit/FlutterMacOS.framework/Headers" ] || [ ! -d "$kit/Sparkle.framew
     exit 77
 fi
 if ! command -v "$compiler" >/dev/null 2>&1; then
-    echo "SKIPPED: no clang++ to check the Objective-C++ backend with"
+    echo "SKIPPED: no $compiler to check the Objective-C++ backend with"
     exit 77
 fi
 
