@@ -4,27 +4,20 @@ would: `apt-get install ./<deb>`, the installed host on a private desktop until 
 registers, `vornix-tool --version`, then `apt-get purge`, after which nothing the package
 installed may be left.
 
-The copy: in a private mount namespace, /usr, /etc and /var get an overlay whose upper layer is
-a tmpfs, so dpkg, apt and the triggers write only there and everything vanishes with the
-namespace. The machine itself is not changed.
+The copy is system_copy's: the machine itself is not changed.
     package_install_test.py DEB [ARTIFACTS]   (as root; it enters its own mount namespace; the
                                               desktop's logs land in ARTIFACTS)"""
 
-import fcntl
 import os
 import shutil
 import signal
 import subprocess
 import sys
-import tempfile
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', 'desktop_tests'))
 
 from harness import Desktop, SetupError  # noqa: E402
-
-OVERLAID = ('/usr', '/etc', '/var')
-# Set in the namespace's environment: the scratch folder made outside it.
-SCRATCH_IN_NAMESPACE = 'VORNIX_PACKAGE_TEST_SCRATCH'
+from system_copy import NeedsRoot, overlay_system, run_in_private_namespace, scratch_in_namespace  # noqa: E402
 
 
 def step(text):
@@ -37,37 +30,6 @@ def fail(text):
 
 def run(argv, **kwargs):
     return subprocess.run(argv, check=True, text=True, capture_output=True, **kwargs).stdout
-
-
-def in_private_namespace(deb, artifacts):
-    """Runs this script again in a private mount namespace, with a scratch folder that outlives
-    the namespace's mounts and is removed after it ends."""
-    if os.geteuid() != 0:
-        raise SetupError('installing into a copy of the system needs root for a private mount namespace')
-    scratch = tempfile.mkdtemp(prefix='vornix-package-')
-    try:
-        os.chmod(scratch, 0o755)  # apt's download user reads the package from there
-        environment = dict(os.environ, **{SCRATCH_IN_NAMESPACE: scratch})
-        return subprocess.run(['unshare', '--mount', '--propagation', 'private', '--', '/usr/bin/python3',
-                               os.path.abspath(__file__), deb, artifacts], env=environment).returncode
-    finally:
-        shutil.rmtree(scratch, ignore_errors=True)
-
-
-def overlay_system(scratch):
-    os.makedirs(scratch)
-    subprocess.run(['mount', '-t', 'tmpfs', 'vornix-package-test', scratch], check=True)
-    # The copy starts from a package database at rest: while the machine's own apt or dpkg runs
-    # (it holds the front-end lock), the overlays wait.
-    with open('/var/lib/dpkg/lock-frontend', 'a') as lock:
-        fcntl.lockf(lock, fcntl.LOCK_EX)
-        for folder in OVERLAID:
-            name = folder.strip('/')
-            upper, work = os.path.join(scratch, name, 'upper'), os.path.join(scratch, name, 'work')
-            os.makedirs(upper)
-            os.makedirs(work)
-            subprocess.run(['mount', '-t', 'overlay', 'vornix-package-test', '-o',
-                            f'lowerdir={folder},upperdir={upper},workdir={work}', folder], check=True)
 
 
 def apt_get(*arguments):
@@ -92,8 +54,11 @@ def owned_by_another_package(path, package):
 
 
 def icon_cache_names(icon):
-    with open('/usr/share/icons/hicolor/icon-theme.cache', 'rb') as cache:
-        return icon.encode() + b'\0' in cache.read()
+    try:
+        with open('/usr/share/icons/hicolor/icon-theme.cache', 'rb') as cache:
+            return icon.encode() + b'\0' in cache.read()
+    except FileNotFoundError:
+        return False
 
 
 def check_installed_files(paths, version):
@@ -176,9 +141,9 @@ def check_purged(paths, package):
 def main():
     deb = os.path.abspath(sys.argv[1])
     artifacts = os.path.abspath(sys.argv[2]) if len(sys.argv) > 2 else os.path.join(os.path.dirname(deb), 'test')
-    scratch = os.environ.get(SCRATCH_IN_NAMESPACE)
+    scratch = scratch_in_namespace()
     if not scratch:
-        return in_private_namespace(deb, artifacts)
+        return run_in_private_namespace(__file__, [deb, artifacts])
     package = run(['dpkg-deb', '-f', deb, 'Package']).strip()
     version = run(['dpkg-deb', '-f', deb, 'Version']).strip()
     if subprocess.run(['dpkg-query', '-W', package], capture_output=True).returncode == 0:
@@ -204,7 +169,7 @@ if __name__ == '__main__':
     signal.signal(signal.SIGTERM, signal.default_int_handler)
     try:
         sys.exit(main())
-    except SetupError as error:
+    except (SetupError, NeedsRoot) as error:
         print(f'package install: cannot run here: {error}', flush=True)
         sys.exit(77)
     except AssertionError as error:
