@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the Debian package (scripts/package.sh) and checks it as Debian and desktops would:
+# Builds the Debian package as a build daemon would, with its tests, in a system cut down to its
+# build dependencies (scripts/package.sh --in-build-root), and checks it as Debian and desktops would:
 # lintian with no errors or warnings, the AppStream metadata, the desktop entry and the manual
 # pages as installed, no maintainer scripts or caches of our own, libcurl needed by the HTTP
 # fetcher module only; then installs it into a throwaway copy of the system, runs it, purges it
@@ -10,7 +11,7 @@ cd "$(dirname "$0")/.."
 fail() { echo "package test: FAILED: $*"; exit 1; }
 
 started=$SECONDS
-bash scripts/package.sh
+bash scripts/package.sh --in-build-root
 built=$SECONDS
 deb=$(ls build/package/vornix-os_*.deb)
 
