@@ -39,6 +39,15 @@ def wait_until(condition, timeout=20.0, what='a condition', interval=0.05):
         time.sleep(interval)
 
 
+SANITIZER_REPORTS = ('ERROR: LeakSanitizer', 'ERROR: AddressSanitizer', ': runtime error: ')
+
+
+def _sanitizer_reported(path):
+    with open(path, encoding='utf-8', errors='replace') as said:
+        text = said.read()
+    return any(marker in text for marker in SANITIZER_REPORTS)
+
+
 def _read_line_from(fd, timeout, what):
     deadline = time.monotonic() + timeout
     data = b''
@@ -151,10 +160,18 @@ class Desktop:
                     process.kill()
                     process.wait()
         # Keep what the processes said next to the screenshots.
+        reported = []
         for log in os.listdir(self.root):
             if log.endswith('.log') or log.endswith('.out'):
-                shutil.copy(os.path.join(self.root, log), os.path.join(self.artifacts, f'{self.name}-{log}'))
+                kept = os.path.join(self.artifacts, f'{self.name}-{log}')
+                shutil.copy(os.path.join(self.root, log), kept)
+                if _sanitizer_reported(kept):
+                    reported.append(kept)
         shutil.rmtree(self.root, ignore_errors=True)
+        # A host built with the sanitizers that reports a leak or an error fails the test, whatever
+        # the test itself checked.
+        if reported:
+            raise AssertionError('a sanitizer reported in ' + ', '.join(sorted(reported)))
 
     def install_url_handler(self, scheme, name):
         """Makes a stand-in application, in the temporary home, the default handler of `scheme`;

@@ -24,12 +24,23 @@ def main():
     options = parser.parse_args()
 
     desktop = Desktop(options.name, options.artifacts)
+    status = run_case(desktop, options)
+    try:
+        desktop.stop()
+    except AssertionError as error:
+        print(f'{options.name}: failed: {error}')
+        return 1
+    if status == 0:
+        print(f'{options.name}: passed')
+    return status
+
+
+def run_case(desktop, options):
     try:
         desktop.start()
         import desktop_cases  # after start(): the accessibility bus is read from this desktop's session
         case = getattr(desktop_cases, options.name)
         case(desktop, options.host)
-        print(f'{options.name}: passed')
         return 0
     except SetupError as error:
         print(f'{options.name}: skipped: {error}')
@@ -46,8 +57,6 @@ def main():
         except OSError:
             pass
         return 1
-    finally:
-        desktop.stop()
 
 
 if __name__ == '__main__':
