@@ -4,7 +4,7 @@
 # where they are (docs/MACOS.md); each becomes an imported target vornix::<Name> that compiles
 # with -F<its folder> and links with -framework <Name>, so that the backend and the application
 # both find them the same way.
-enable_language(OBJCXX)
+enable_language(OBJC OBJCXX)
 
 set(VORNIX_FLUTTER_MACOS_FRAMEWORK "" CACHE PATH "FlutterMacOS.framework, the engine's macOS embedding")
 set(VORNIX_FLUTTER_APP_FRAMEWORK "" CACHE PATH "App.framework, the Flutter application's compiled code and assets")

@@ -1,7 +1,6 @@
 #include "platform/macos/AppKitPopoverView.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "platform/macos/Conversions.hpp"
@@ -17,14 +16,18 @@ using vornix::platform::PopoverRow;
 - (void)button:(NSString*)hoverId hovered:(BOOL)inside;
 @end
 
-// A borderless button that draws the background the core chose and reports the pointer entering
-// and leaving through a tracking area.
+// A borderless button that draws the background the core chose behind its label, which sits inside
+// it (its stack's insets are the label's padding), and reports the pointer entering and leaving
+// through its tracking area.
 @interface VXRowButton : NSButton
 @property(nonatomic, copy) NSString* hoverId;
 @property(nonatomic, weak) VXPopoverViewTarget* reporter;
 @property(nonatomic, strong) NSColor* backgroundColor;
 @property(nonatomic) CGFloat cornerWidth;
 @property(nonatomic) CGFloat cornerHeight;
+@property(nonatomic, strong) NSStackView* labelStack;
+@property(nonatomic, strong) NSTextField* label;
+@property(nonatomic, strong) NSTrackingArea* trackingArea;
 @end
 
 @implementation VXPopoverViewTarget
@@ -53,14 +56,25 @@ using vornix::platform::PopoverRow;
 
 - (void)updateTrackingAreas {
     [super updateTrackingAreas];
-    for (NSTrackingArea* area in self.trackingAreas) {
-        [self removeTrackingArea:area];
+    if (self.trackingArea != nil) {
+        [self removeTrackingArea:self.trackingArea];
     }
-    [self addTrackingArea:[[NSTrackingArea alloc]
-                              initWithRect:self.bounds
-                                   options:NSTrackingMouseEnteredAndExited | NSTrackingActiveAlways | NSTrackingInVisibleRect
-                                     owner:self
-                                  userInfo:nil]];
+    self.trackingArea = [[NSTrackingArea alloc]
+        initWithRect:self.bounds
+             options:NSTrackingMouseEnteredAndExited | NSTrackingActiveAlways | NSTrackingInVisibleRect
+               owner:self
+            userInfo:nil];
+    [self addTrackingArea:self.trackingArea];
+}
+
+// The button is as large as its label with the padding around it.
+- (NSSize)intrinsicContentSize {
+    return NSMakeSize(NSViewNoIntrinsicMetric, NSViewNoIntrinsicMetric);
+}
+
+// The label is part of the button: a click on it is a click on the button.
+- (NSView*)hitTest:(NSPoint)point {
+    return [super hitTest:point] != nil ? self : nil;
 }
 
 - (void)mouseEntered:(NSEvent*)event {
@@ -105,13 +119,46 @@ NSColor* colorOf(vornix::platform::Color color) {
         case vornix::platform::Color::clear:
             return NSColor.clearColor;
         case vornix::platform::Color::gray:
-            return [NSColor.grayColor colorWithAlphaComponent:0.5];
+            return NSColor.systemGrayColor;
     }
     return NSColor.clearColor;
 }
 
 NSEdgeInsets insetsOf(const vornix::platform::EdgeInsets& padding) {
     return NSEdgeInsetsMake(padding.top, padding.leading, padding.bottom, padding.trailing);
+}
+
+// A vertical stack and a label align only across, so the top of "top leading" has nothing to say.
+NSLayoutAttribute attributeOf(vornix::platform::Alignment alignment) {
+    switch (alignment) {
+        case vornix::platform::Alignment::leading:
+        case vornix::platform::Alignment::topLeading:
+            return NSLayoutAttributeLeading;
+    }
+    return NSLayoutAttributeLeading;
+}
+
+// The natural alignment is the leading edge of the text's writing direction.
+NSTextAlignment textAlignmentOf(vornix::platform::Alignment alignment) {
+    switch (alignment) {
+        case vornix::platform::Alignment::leading:
+        case vornix::platform::Alignment::topLeading:
+            return NSTextAlignmentNatural;
+    }
+    return NSTextAlignmentNatural;
+}
+
+// The width left for a label in a row of the popover: the popover's, less the padding around it.
+CGFloat widthInside(double width, const vornix::platform::EdgeInsets& padding) {
+    return width - padding.leading - padding.trailing;
+}
+
+// A stack whose one view fills it, less the stack's insets: a row's content, less the row's
+// padding, and a button's label, less the label's padding.
+NSStackView* fillingStack(NSView* content) {
+    NSStackView* stack = [NSStackView stackViewWithViews:@[ content ]];
+    stack.distribution = NSStackViewDistributionFill;
+    return stack;
 }
 
 // The switch: NSSwitch where the system has it, a check box before that.
@@ -141,11 +188,11 @@ NSStackView* makeRow(const PopoverRow& row, VXPopoverViewTarget* target) {
     NSView* content = nil;
     switch (row.kind) {
         case vornix::platform::RowKind::text:
-            content = [NSTextField labelWithString:@""];
+            content = [NSTextField wrappingLabelWithString:@""];
             break;
         case vornix::platform::RowKind::toggle: {
             NSTextField* label = [NSTextField labelWithString:@""];
-            content = [NSStackView stackViewWithViews:@[ label, makeSwitch(target) ]];
+            content = [NSStackView stackViewWithViews:@[ makeSwitch(target), label ]];
             break;
         }
         case vornix::platform::RowKind::divider: {
@@ -158,11 +205,21 @@ NSStackView* makeRow(const PopoverRow& row, VXPopoverViewTarget* target) {
             VXRowButton* button = [VXRowButton buttonWithTitle:@"" target:target action:@selector(buttonClicked:)];
             button.bordered = NO;
             button.reporter = target;
+            button.label = [NSTextField wrappingLabelWithString:@""];
+            button.labelStack = fillingStack(button.label);
+            button.labelStack.translatesAutoresizingMaskIntoConstraints = NO;
+            [button addSubview:button.labelStack];
+            [NSLayoutConstraint activateConstraints:@[
+                [button.labelStack.leadingAnchor constraintEqualToAnchor:button.leadingAnchor],
+                [button.labelStack.trailingAnchor constraintEqualToAnchor:button.trailingAnchor],
+                [button.labelStack.topAnchor constraintEqualToAnchor:button.topAnchor],
+                [button.labelStack.bottomAnchor constraintEqualToAnchor:button.bottomAnchor],
+            ]];
             content = button;
             break;
         }
     }
-    return [NSStackView stackViewWithViews:@[ content ]];
+    return fillingStack(content);
 }
 
 // Shows `row` in a row view made for a row of its kind.
@@ -175,13 +232,14 @@ void showRow(NSStackView* rowView, const PopoverRow& row, const vornix::platform
             NSTextField* label = static_cast<NSTextField*>(content);
             label.stringValue = text;
             label.font = fontOf(row.font);
+            label.preferredMaxLayoutWidth = widthInside(layout.width, row.padding);
             label.accessibilityLabel = text;
             break;
         }
         case vornix::platform::RowKind::toggle: {
             NSArray<NSView*>* parts = static_cast<NSStackView*>(content).arrangedSubviews;
-            NSTextField* label = static_cast<NSTextField*>([parts objectAtIndex:0]);
-            NSControl* control = static_cast<NSControl*>([parts objectAtIndex:1]);
+            NSControl* control = static_cast<NSControl*>([parts objectAtIndex:0]);
+            NSTextField* label = static_cast<NSTextField*>([parts objectAtIndex:1]);
             label.stringValue = text;
             label.font = fontOf(row.font);
             setSwitchState(control, row.isOn);
@@ -192,17 +250,18 @@ void showRow(NSStackView* rowView, const PopoverRow& row, const vornix::platform
             break;
         case vornix::platform::RowKind::button: {
             VXRowButton* button = static_cast<VXRowButton*>(content);
-            button.title = text;
-            button.font = fontOf(row.font);
+            button.label.stringValue = text;
+            button.label.font = fontOf(row.font);
+            button.label.alignment = textAlignmentOf(layout.buttonLabel.alignment);
+            button.label.preferredMaxLayoutWidth =
+                std::min(widthInside(widthInside(layout.width, row.padding), layout.buttonLabel.padding),
+                         layout.buttonLabel.maxWidth);
+            button.labelStack.edgeInsets = insetsOf(layout.buttonLabel.padding);
             button.hoverId = macos::toNSString(row.hoverId);
             button.backgroundColor = colorOf(row.background.color);
             button.cornerWidth = row.background.cornerWidth;
             button.cornerHeight = row.background.cornerHeight;
             button.accessibilityLabel = text;
-            rowView.edgeInsets = NSEdgeInsetsMake(row.padding.top + layout.buttonLabel.padding.top,
-                                                  row.padding.leading + layout.buttonLabel.padding.leading,
-                                                  row.padding.bottom + layout.buttonLabel.padding.bottom,
-                                                  row.padding.trailing + layout.buttonLabel.padding.trailing);
             button.needsDisplay = YES;
             break;
         }
@@ -216,11 +275,11 @@ namespace vornix::platform::macos {
 AppKitPopoverView::AppKitPopoverView()
     : stack_([NSStackView stackViewWithViews:@[]]), target_([[VXPopoverViewTarget alloc] init]) {
     stack_.orientation = NSUserInterfaceLayoutOrientationVertical;
-    stack_.alignment = NSLayoutAttributeLeading;
     stack_.spacing = 0;
 }
 
 void AppKitPopoverView::render(const PopoverLayout& layout, const std::vector<PopoverRow>& rows) {
+    stack_.alignment = attributeOf(layout.stackAlignment);
     std::vector<RowKind> kinds(rows.size());
     std::transform(rows.begin(), rows.end(), kinds.begin(), [](const PopoverRow& row) { return row.kind; });
     if (kinds != kinds_) {
@@ -229,7 +288,9 @@ void AppKitPopoverView::render(const PopoverLayout& layout, const std::vector<Po
             [shown removeFromSuperview];
         }
         for (const PopoverRow& row : rows) {
-            [stack_ addArrangedSubview:makeRow(row, target_)];
+            NSStackView* rowView = makeRow(row, target_);
+            [stack_ addArrangedSubview:rowView];
+            [rowView.widthAnchor constraintEqualToAnchor:stack_.widthAnchor].active = YES;
         }
         kinds_ = std::move(kinds);
     }
@@ -237,8 +298,7 @@ void AppKitPopoverView::render(const PopoverLayout& layout, const std::vector<Po
     for (std::size_t index = 0; index < rows.size(); ++index) {
         showRow([rowViews objectAtIndex:index], rows[index], layout);
     }
-    const double height = std::isfinite(layout.maxHeight) ? layout.maxHeight : stack_.frame.size.height;
-    [stack_ setFrameSize:NSMakeSize(layout.width, height)];
+    [stack_ setFrameSize:NSMakeSize(layout.width, std::min(stack_.fittingSize.height, layout.maxHeight))];
 }
 
 void AppKitPopoverView::setEvents(PopoverViewEvents* events) { target_.events = events; }

@@ -2,38 +2,22 @@
 
 #import <FlutterMacOS/FlutterMacOS.h>
 
-// The engine plug-ins of the Flutter application that a macOS build links, as the engine's
-// tooling declares them: each an Objective-C class that registers itself with its registrar.
-// The frameworks that define them come with the Flutter application. The window library's
-// plug-in is this host's own C++ and is not among them.
+// The engine plug-ins of the Flutter application that a macOS build links, one function per
+// plug-in that sends its class registerWithRegistrar:. They are defined in Objective-C with
+// modules (GeneratedPluginRegistrant.m), where each plug-in's own module declares its class; the
+// Objective-C++ that calls them needs no modules. The window library's plug-in is this host's own
+// C++ and is not among them.
 
 NS_ASSUME_NONNULL_BEGIN
 
-@interface DeviceInfoPlusMacosPlugin : NSObject <FlutterPlugin>
-@end
-
-@interface FlutterLocalNotificationsPlugin : NSObject <FlutterPlugin>
-@end
-
-@interface MenubarPlugin : NSObject <FlutterPlugin>
-@end
-
-@interface FLTPackageInfoPlusPlugin : NSObject <FlutterPlugin>
-@end
-
-@interface PathProviderPlugin : NSObject <FlutterPlugin>
-@end
-
-@interface SentryFlutterPlugin : NSObject <FlutterPlugin>
-@end
-
-@interface SharedPreferencesPlugin : NSObject <FlutterPlugin>
-@end
-
-@interface SystemTrayPlugin : NSObject <FlutterPlugin>
-@end
-
-@interface UrlLauncherPlugin : NSObject <FlutterPlugin>
-@end
+FOUNDATION_EXTERN void vxRegisterDeviceInfoPlusMacosPlugin(id<FlutterPluginRegistrar> _Nullable registrar);
+FOUNDATION_EXTERN void vxRegisterFlutterLocalNotificationsPlugin(id<FlutterPluginRegistrar> _Nullable registrar);
+FOUNDATION_EXTERN void vxRegisterMenubarPlugin(id<FlutterPluginRegistrar> _Nullable registrar);
+FOUNDATION_EXTERN void vxRegisterFLTPackageInfoPlusPlugin(id<FlutterPluginRegistrar> _Nullable registrar);
+FOUNDATION_EXTERN void vxRegisterPathProviderPlugin(id<FlutterPluginRegistrar> _Nullable registrar);
+FOUNDATION_EXTERN void vxRegisterSentryFlutterPlugin(id<FlutterPluginRegistrar> _Nullable registrar);
+FOUNDATION_EXTERN void vxRegisterSharedPreferencesPlugin(id<FlutterPluginRegistrar> _Nullable registrar);
+FOUNDATION_EXTERN void vxRegisterSystemTrayPlugin(id<FlutterPluginRegistrar> _Nullable registrar);
+FOUNDATION_EXTERN void vxRegisterUrlLauncherPlugin(id<FlutterPluginRegistrar> _Nullable registrar);
 
 NS_ASSUME_NONNULL_END

@@ -8,12 +8,12 @@ namespace vornix::host {
 
 namespace {
 
-// An engine plug-in class registers with the engine's own registrar, which the macOS registry's
-// registrars carry. A missing registrar is passed on as nil, as it came.
-template <class Plugin>
+// An engine plug-in registers with the engine's own registrar, which the macOS registry's registrars
+// carry. A missing registrar is passed on as nil, as it came.
+template <void (*registerPlugin)(id<FlutterPluginRegistrar> _Nullable)>
 void registerFlutterPlugin(engine::PluginRegistrar* registrar) {
     auto* flutterRegistrar = static_cast<platform::macos::FlutterMacOSRegistrar*>(registrar);
-    [Plugin registerWithRegistrar:flutterRegistrar != nullptr ? flutterRegistrar->flutterRegistrar() : nil];
+    registerPlugin(flutterRegistrar != nullptr ? flutterRegistrar->flutterRegistrar() : nil);
 }
 
 }  // namespace
@@ -22,15 +22,15 @@ void registerFlutterPlugin(engine::PluginRegistrar* registrar) {
 const LinkedPlugins& linkedPlugins() {
     static constexpr LinkedPlugins plugins{
         .bitsdojoWindowPlugin = &bitsdojo_window::BitsdojoWindowPlugin::registerWith,
-        .deviceInfoPlusMacosPlugin = &registerFlutterPlugin<DeviceInfoPlusMacosPlugin>,
-        .flutterLocalNotificationsPlugin = &registerFlutterPlugin<FlutterLocalNotificationsPlugin>,
-        .menubarPlugin = &registerFlutterPlugin<MenubarPlugin>,
-        .fltPackageInfoPlusPlugin = &registerFlutterPlugin<FLTPackageInfoPlusPlugin>,
-        .pathProviderPlugin = &registerFlutterPlugin<PathProviderPlugin>,
-        .sentryFlutterPlugin = &registerFlutterPlugin<SentryFlutterPlugin>,
-        .sharedPreferencesPlugin = &registerFlutterPlugin<SharedPreferencesPlugin>,
-        .systemTrayPlugin = &registerFlutterPlugin<SystemTrayPlugin>,
-        .urlLauncherPlugin = &registerFlutterPlugin<UrlLauncherPlugin>,
+        .deviceInfoPlusMacosPlugin = &registerFlutterPlugin<vxRegisterDeviceInfoPlusMacosPlugin>,
+        .flutterLocalNotificationsPlugin = &registerFlutterPlugin<vxRegisterFlutterLocalNotificationsPlugin>,
+        .menubarPlugin = &registerFlutterPlugin<vxRegisterMenubarPlugin>,
+        .fltPackageInfoPlusPlugin = &registerFlutterPlugin<vxRegisterFLTPackageInfoPlusPlugin>,
+        .pathProviderPlugin = &registerFlutterPlugin<vxRegisterPathProviderPlugin>,
+        .sentryFlutterPlugin = &registerFlutterPlugin<vxRegisterSentryFlutterPlugin>,
+        .sharedPreferencesPlugin = &registerFlutterPlugin<vxRegisterSharedPreferencesPlugin>,
+        .systemTrayPlugin = &registerFlutterPlugin<vxRegisterSystemTrayPlugin>,
+        .urlLauncherPlugin = &registerFlutterPlugin<vxRegisterUrlLauncherPlugin>,
     };
     return plugins;
 }

@@ -70,8 +70,7 @@ typedef NS_ENUM(NSUInteger, NSRectEdge) {
 
 @interface NSColor : NSObject <NSCopying>
 @property(class, strong, readonly) NSColor* clearColor;
-@property(class, strong, readonly) NSColor* grayColor;
-- (NSColor*)colorWithAlphaComponent:(CGFloat)alpha;
+@property(class, strong, readonly) NSColor* systemGrayColor API_AVAILABLE(macos(10.10));
 - (void)setFill;
 @end
 
@@ -116,6 +115,34 @@ typedef NS_OPTIONS(NSUInteger, NSTrackingAreaOptions) {
                     userInfo:(nullable NSDictionary<id, id>*)userInfo;
 @end
 
+@class NSLayoutConstraint;
+
+API_AVAILABLE(macos(10.11))
+@interface NSLayoutAnchor<AnchorType> : NSObject
+- (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutAnchor<AnchorType>*)anchor;
+@end
+
+@class NSLayoutXAxisAnchor, NSLayoutYAxisAnchor, NSLayoutDimension;
+
+API_AVAILABLE(macos(10.11))
+@interface NSLayoutXAxisAnchor : NSLayoutAnchor<NSLayoutXAxisAnchor*>
+@end
+
+API_AVAILABLE(macos(10.11))
+@interface NSLayoutYAxisAnchor : NSLayoutAnchor<NSLayoutYAxisAnchor*>
+@end
+
+API_AVAILABLE(macos(10.11))
+@interface NSLayoutDimension : NSLayoutAnchor<NSLayoutDimension*>
+@end
+
+@interface NSLayoutConstraint : NSObject
++ (void)activateConstraints:(NSArray<NSLayoutConstraint*>*)constraints API_AVAILABLE(macos(10.10));
+@property(getter=isActive) BOOL active API_AVAILABLE(macos(10.10));
+@end
+
+APPKIT_EXTERN const CGFloat NSViewNoIntrinsicMetric API_AVAILABLE(macos(10.11));
+
 @interface NSView : NSResponder
 @property(getter=isHidden) BOOL hidden;
 - (instancetype)initWithFrame:(NSRect)frameRect NS_DESIGNATED_INITIALIZER;
@@ -128,6 +155,15 @@ typedef NS_OPTIONS(NSUInteger, NSTrackingAreaOptions) {
 - (void)setFrameSize:(NSSize)newSize;
 - (void)drawRect:(NSRect)dirtyRect;
 @property BOOL needsDisplay;
+- (nullable NSView*)hitTest:(NSPoint)point;
+@property BOOL translatesAutoresizingMaskIntoConstraints API_AVAILABLE(macos(10.7));
+@property(readonly) NSSize intrinsicContentSize API_AVAILABLE(macos(10.7));
+@property(readonly) NSSize fittingSize API_AVAILABLE(macos(10.7));
+@property(readonly, strong) NSLayoutXAxisAnchor* leadingAnchor API_AVAILABLE(macos(10.11));
+@property(readonly, strong) NSLayoutXAxisAnchor* trailingAnchor API_AVAILABLE(macos(10.11));
+@property(readonly, strong) NSLayoutYAxisAnchor* topAnchor API_AVAILABLE(macos(10.11));
+@property(readonly, strong) NSLayoutYAxisAnchor* bottomAnchor API_AVAILABLE(macos(10.11));
+@property(readonly, strong) NSLayoutDimension* widthAnchor API_AVAILABLE(macos(10.11));
 - (void)updateTrackingAreas NS_REQUIRES_SUPER;
 - (void)addTrackingArea:(NSTrackingArea*)trackingArea;
 - (void)removeTrackingArea:(NSTrackingArea*)trackingArea;
@@ -147,15 +183,23 @@ typedef NSInteger NSControlStateValue;
 static const NSControlStateValue NSControlStateValueOff API_AVAILABLE(macos(10.13)) = 0;
 static const NSControlStateValue NSControlStateValueOn API_AVAILABLE(macos(10.13)) = 1;
 
+// Only the value that means "the leading edge of the text's writing direction".
+typedef NS_ENUM(NSInteger, NSTextAlignment) {
+    NSTextAlignmentNatural = 4,
+};
+
 @interface NSControl : NSView
 @property(nullable, weak) id target;
 @property(nullable) SEL action;
 @property(nullable, strong) NSFont* font;
 @property(copy) NSString* stringValue;
+@property NSTextAlignment alignment;
 @end
 
 @interface NSTextField : NSControl
 + (instancetype)labelWithString:(NSString*)stringValue API_AVAILABLE(macos(10.12));
++ (instancetype)wrappingLabelWithString:(NSString*)stringValue API_AVAILABLE(macos(10.12));
+@property CGFloat preferredMaxLayoutWidth API_AVAILABLE(macos(10.8));
 @end
 
 @interface NSButton : NSControl
@@ -195,10 +239,16 @@ typedef NS_ENUM(NSInteger, NSLayoutAttribute) {
     NSLayoutAttributeCenterY = 10,
 };
 
+// Only the distribution in which the arranged views fill the stack along its orientation.
+typedef NS_ENUM(NSInteger, NSStackViewDistribution) {
+    NSStackViewDistributionFill = 0,
+} API_AVAILABLE(macos(10.11));
+
 @interface NSStackView : NSView
 + (instancetype)stackViewWithViews:(NSArray<NSView*>*)views API_AVAILABLE(macos(10.11));
 @property NSUserInterfaceLayoutOrientation orientation;
 @property NSLayoutAttribute alignment;
+@property NSStackViewDistribution distribution API_AVAILABLE(macos(10.11));
 @property NSEdgeInsets edgeInsets;
 @property CGFloat spacing;
 @property(readonly, copy) NSArray<__kindof NSView*>* arrangedSubviews API_AVAILABLE(macos(10.11));
@@ -244,7 +294,7 @@ typedef NS_ENUM(NSUInteger, NSWindowButton) {
                           styleMask:(NSWindowStyleMask)style
                             backing:(NSBackingStoreType)backingStoreType
                               defer:(BOOL)flag NS_DESIGNATED_INITIALIZER;
-- (nullable instancetype)initWithCoder:(NSCoder*)coder NS_DESIGNATED_INITIALIZER;
+- (nullable instancetype)initWithCoder:(NSCoder*)coder NS_UNAVAILABLE;
 @property(readonly) NSRect frame;
 - (void)setFrame:(NSRect)frameRect display:(BOOL)flag;
 - (void)setFrame:(NSRect)frameRect display:(BOOL)displayFlag animate:(BOOL)animateFlag;

@@ -35,8 +35,10 @@ __attribute__((objc_root_class))
 + (Class)class;
 @end
 
+typedef struct _NSZone NSZone;
+
 @protocol NSCopying
-- (id)copyWithZone:(nullable struct _NSZone*)zone;
+- (id)copyWithZone:(nullable NSZone*)zone;
 @end
 
 @protocol NSCoding
@@ -79,22 +81,25 @@ enum {
 @interface NSNull : NSObject <NSCopying>
 @end
 
-@interface NSArray<__covariant ObjectType> : NSObject <NSCopying>
-+ (instancetype)arrayWithObjects:(const ObjectType _Nonnull[_Nonnull])objects count:(NSUInteger)cnt;
-@property(readonly) NSUInteger count;
-- (ObjectType)objectAtIndex:(NSUInteger)index;
-@property(nullable, nonatomic, readonly) ObjectType firstObject;
-- (NSUInteger)countByEnumeratingWithState:(struct NSFastEnumerationState*)state
-                                  objects:(id __unsafe_unretained _Nullable[_Nonnull])buffer
-                                    count:(NSUInteger)len;
-@end
-
-typedef struct NSFastEnumerationState {
+typedef struct {
     unsigned long state;
     id __unsafe_unretained _Nullable* _Nullable itemsPtr;
     unsigned long* _Nullable mutationsPtr;
     unsigned long extra[5];
 } NSFastEnumerationState;
+
+@protocol NSFastEnumeration
+- (NSUInteger)countByEnumeratingWithState:(NSFastEnumerationState*)state
+                                  objects:(id __unsafe_unretained _Nullable[_Nonnull])buffer
+                                    count:(NSUInteger)len;
+@end
+
+@interface NSArray<__covariant ObjectType> : NSObject <NSCopying, NSFastEnumeration>
++ (instancetype)arrayWithObjects:(const ObjectType _Nonnull[_Nonnull])objects count:(NSUInteger)cnt;
+@property(readonly) NSUInteger count;
+- (ObjectType)objectAtIndex:(NSUInteger)index;
+@property(nullable, nonatomic, readonly) ObjectType firstObject;
+@end
 
 @interface NSDictionary<__covariant KeyType, __covariant ObjectType> : NSObject <NSCopying>
 @end
