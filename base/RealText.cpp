@@ -85,8 +85,8 @@ std::string scientificText(const DecimalDigits& decimal) {
     return text;
 }
 
-// The digits one unit in their last place up (towards the value's side) or down; a carry or a
-// borrow across a power of ten keeps the count of digits.
+// The digits one unit in their last place up or down, as many as before: 999e0 up is 100e1,
+// 100e0 down is 999e-1.
 DecimalDigits stepped(DecimalDigits decimal, bool up) {
     std::string& digits = decimal.digits;
     if (up) {
@@ -148,8 +148,8 @@ std::size_t fixedLength(const DecimalDigits& decimal) {
     return decimal.digits.size() + 1 + static_cast<std::size_t>(-decimal.exponent);
 }
 
-// The fixed form. A whole number is written exactly: among the integers that read back, all of
-// the same length, the value itself is the nearest.
+// The fixed form. A whole number is written exactly: no integer that reads back is shorter, and
+// of those as short the value itself is the nearest.
 std::string fixedText(double magnitude, const DecimalDigits& decimal) {
     const auto count = static_cast<int>(decimal.digits.size());
     if (decimal.exponent >= count - 1) {
@@ -275,7 +275,8 @@ DecimalDigits shortestDigits(Real value) {
             fewest = middle + 1;
         }
     }
-    if (!found || found->digits.size() != static_cast<std::size_t>(enough)) {
+    // Nothing shorter read back: the most digits ever needed always do.
+    if (!found) {
         found = digitsReadingBack(magnitude, enough);
     }
     return *found;
