@@ -2,7 +2,6 @@
 
 #include "app/DeferredUpdater.hpp"
 
-#include <filesystem>
 #include <iostream>
 #include <optional>
 
@@ -12,6 +11,8 @@
 #include "host/MainFlutterWindow.hpp"
 #include "launch_agent/StartAtLogin.hpp"
 #include "launch_agent/XdgAutostartJobManager.hpp"
+#include "platform/Files.hpp"
+#include "platform/Paths.hpp"
 #include "platform/PosixProcesses.hpp"
 #include "platform/XdgDirectories.hpp"
 #include "platform/linux/EngineSocketServer.hpp"
@@ -48,7 +49,8 @@ struct LinuxHost::Services {
     gtk::GtkApplicationWindows windows;
     platform::XdgDirectories directories;
     platform::PosixProcesses processes;
-    launch_agent::XdgAutostartJobManager jobManager{[] { return platform::userConfigFolder() / "autostart"; }};
+    launch_agent::XdgAutostartJobManager jobManager{
+        [] { return platform::joinPath(platform::userConfigFolder(), "autostart"); }};
     platform::ScopedPort<platform::MainQueue> mainQueuePort{&mainQueue};
     platform::ScopedPort<platform::Application> applicationPort{&application};
     platform::ScopedPort<platform::StatusBar> statusBarPort{&statusBar};
@@ -79,10 +81,10 @@ namespace {
 // stands for it is not, so the host makes it, for the job file that "Launch on Login" writes.
 void makeLaunchAgentsFolder(const platform::Directories& directories) {
     try {
-        std::error_code ignored;
-        std::filesystem::create_directories(directories.userLibraryFolder() / "LaunchAgents", ignored);
-    } catch (const std::filesystem::filesystem_error&) {
-        // No home to put it in: turning "Launch on Login" on reports the failure then.
+        platform::makeFolders(platform::joinPath(directories.userLibraryFolder(), "LaunchAgents"));
+    } catch (const platform::FileError&) {
+        // No home to put it in, or no folder can be made there: turning "Launch on Login" on
+        // reports the failure then.
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <filesystem>
 
 #include "base/Diagnostics.hpp"
 #include "base/FatalError.hpp"
@@ -13,6 +12,7 @@
 #include "platform/Alerts.hpp"
 #include "platform/Files.hpp"
 #include "platform/MainQueue.hpp"
+#include "platform/Paths.hpp"
 #include "platform/Updater.hpp"
 #include "platform/Workspace.hpp"
 #include "url/URL.hpp"
@@ -38,7 +38,7 @@ constexpr std::string_view launchAgentFileName = "com.vornix.os.launch.plist";
 bool runAtLoadFromLaunchAgentFile() {
     try {
         const auto& control = launch_agent::LaunchControl::shared();
-        const std::filesystem::path file = control.launchAgentsURL() / launchAgentFileName;
+        const std::string file = platform::joinPath(control.launchAgentsURL(), launchAgentFileName);
         auto agent = control.decoder.decode(platform::readWholeFile(file));
         agent->url = file;
         return agent->runAtLoad.value_or(false) && control.startsAtLogin(*agent);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <filesystem>
+#include <string>
 #include <string_view>
 
 #include "launch_agent/LaunchAgent.hpp"
@@ -20,8 +20,8 @@ public:
     virtual ~JobManager() = default;
 
     // Hands the job file to the manager / takes it back.
-    virtual void load(const std::filesystem::path& jobFile) = 0;
-    virtual void unload(const std::filesystem::path& jobFile) = 0;
+    virtual void load(const std::string& jobFile) = 0;
+    virtual void unload(const std::string& jobFile) = 0;
     // Runs the job now / ends it.
     virtual void start(const LaunchAgent& agent) = 0;
     virtual void stop(const LaunchAgent& agent) = 0;

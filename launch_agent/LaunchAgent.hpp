@@ -2,7 +2,6 @@
 
 #include <concepts>
 #include <cstdint>
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
@@ -92,7 +91,7 @@ public:
     // "Label" always, every other member only when present, in table order.
     void encode(plist::KeyedEncoder& encoder) const;
 
-    std::optional<std::filesystem::path> url;
+    std::optional<std::string> url;
     std::string label;
     std::optional<bool> disabled;
     std::optional<bool> enableGlobbing;

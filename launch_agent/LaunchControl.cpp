@@ -6,6 +6,7 @@
 #include "launch_agent/LaunchctlJobManager.hpp"
 #include "platform/Directories.hpp"
 #include "platform/Files.hpp"
+#include "platform/Paths.hpp"
 #include "plist/PropertyList.hpp"
 
 namespace vornix::launch_agent {
@@ -13,11 +14,11 @@ namespace vornix::launch_agent {
 namespace {
 
 // Appends `name` to `folder` as a path component. A leading slash does not leave the folder.
-std::filesystem::path appendingComponent(const std::filesystem::path& folder, const std::string& name) {
-    return folder / std::filesystem::path(name).relative_path();
+std::string appendingComponent(const std::string& folder, const std::string& name) {
+    return platform::joinPath(folder, platform::relativePath(name));
 }
 
-std::filesystem::path jobFilePath(const LaunchAgent& agent) {
+const std::string& jobFilePath(const LaunchAgent& agent) {
     if (!agent.url) {
         throw LaunchControlError::urlNotSet(agent.label);
     }
@@ -45,15 +46,15 @@ LaunchControl& LaunchControl::shared() {
     return *instance;
 }
 
-std::filesystem::path LaunchControl::launchAgentsURL() const {
-    return platform::Directories::current().userLibraryFolder() / "LaunchAgents";
+std::string LaunchControl::launchAgentsURL() const {
+    return platform::joinPath(platform::Directories::current().userLibraryFolder(), "LaunchAgents");
 }
 
 std::shared_ptr<LaunchAgent> LaunchControl::readAgent(const std::string& name) const {
     return readFrom(appendingComponent(launchAgentsURL(), name));
 }
 
-std::shared_ptr<LaunchAgent> LaunchControl::readFrom(const std::filesystem::path& url) const {
+std::shared_ptr<LaunchAgent> LaunchControl::readFrom(const std::string& url) const {
     std::shared_ptr<LaunchAgent> agent = decoder.decode(platform::readWholeFile(url));
     agent->url = url;
     return agent;
@@ -67,10 +68,10 @@ void LaunchControl::writeCalled(LaunchAgent& agent, const std::string& name) con
     writeAgent(agent, appendingComponent(launchAgentsURL(), name));
 }
 
-void LaunchControl::writeTo(LaunchAgent& agent, const std::filesystem::path& url) const { writeAgent(agent, url); }
+void LaunchControl::writeTo(LaunchAgent& agent, const std::string& url) const { writeAgent(agent, url); }
 
-void LaunchControl::writeAgent(LaunchAgent& agent, std::filesystem::path target) const {
-    if (target.extension() != ".plist") {
+void LaunchControl::writeAgent(LaunchAgent& agent, std::string target) const {
+    if (platform::extension(target) != ".plist") {
         target += ".plist";
     }
     platform::writeWholeFile(target, encoder.encode(agent));
@@ -78,7 +79,7 @@ void LaunchControl::writeAgent(LaunchAgent& agent, std::filesystem::path target)
 }
 
 void LaunchControl::setURLFor(LaunchAgent& agent) const {
-    for (const std::filesystem::path& entry : platform::visibleEntries(launchAgentsURL())) {
+    for (const std::string& entry : platform::visibleEntries(launchAgentsURL())) {
         try {
             if (decoder.decode(platform::readWholeFile(entry))->label == agent.label) {
                 agent.url = entry;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -41,7 +40,7 @@ private:
 // afresh on every call and nothing is cached.
 //
 // Every file, folder and property-list error reaches the caller unchanged:
-// std::filesystem::filesystem_error (a std::system_error) for the folder and its files,
+// platform::FileError (a std::system_error) for the folder and its files,
 // plist::DecodingError and plist::EncodingError for the contents. launchd is fire and forget:
 // neither what it does nor whether it could be started at all is looked at (a pipeline that
 // cannot start reads as empty output). The autostart job manager works in-process and passes
@@ -71,13 +70,13 @@ public:
     const Decoder decoder{};
 
     // The "LaunchAgents" folder inside the user's Library folder; neither tested nor created.
-    virtual std::filesystem::path launchAgentsURL() const;
+    virtual std::string launchAgentsURL() const;
 
     // The agent in the file `name` (the whole file name, no extension added) of the folder,
     // with `url` set to that file.
     virtual std::shared_ptr<LaunchAgent> readAgent(const std::string& name) const;
     // The agent in the file at `url`, with `url` set to it.
-    virtual std::shared_ptr<LaunchAgent> readFrom(const std::filesystem::path& url) const;
+    virtual std::shared_ptr<LaunchAgent> readFrom(const std::string& url) const;
 
     // The three writes end alike: the target gets the extension "plist" unless its extension
     // is exactly that (so "job" and "job.plist" give "job.plist", "job.PLIST" gives
@@ -88,7 +87,7 @@ public:
     // Into the folder, under `name`.
     virtual void writeCalled(LaunchAgent& agent, const std::string& name) const;
     // At `url`.
-    virtual void writeTo(LaunchAgent& agent, const std::filesystem::path& url) const;
+    virtual void writeTo(LaunchAgent& agent, const std::string& url) const;
 
     // Finds the agent's job file by content: every visible entry of the folder, in ascending
     // byte order of names, is read and decoded; each whose label equals the agent's sets its
@@ -117,7 +116,7 @@ public:
 
 private:
     static JobManager& jobManager();
-    void writeAgent(LaunchAgent& agent, std::filesystem::path target) const;
+    void writeAgent(LaunchAgent& agent, std::string target) const;
 };
 
 }  // namespace vornix::launch_agent

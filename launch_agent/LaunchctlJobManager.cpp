@@ -87,9 +87,9 @@ void LaunchctlJobManager::runLaunchctl(std::string verb, std::string operand) {
     }
 }
 
-void LaunchctlJobManager::load(const std::filesystem::path& jobFile) { runLaunchctl("load", jobFile.string()); }
+void LaunchctlJobManager::load(const std::string& jobFile) { runLaunchctl("load", jobFile); }
 
-void LaunchctlJobManager::unload(const std::filesystem::path& jobFile) { runLaunchctl("unload", jobFile.string()); }
+void LaunchctlJobManager::unload(const std::string& jobFile) { runLaunchctl("unload", jobFile); }
 
 void LaunchctlJobManager::start(const LaunchAgent& agent) { runLaunchctl("start", agent.label); }
 

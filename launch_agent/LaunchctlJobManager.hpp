@@ -11,8 +11,8 @@ namespace vornix::launch_agent {
 class LaunchctlJobManager : public JobManager {
 public:
     // "/bin/launchctl" "load" / "unload" with the job file's path.
-    void load(const std::filesystem::path& jobFile) override;
-    void unload(const std::filesystem::path& jobFile) override;
+    void load(const std::string& jobFile) override;
+    void unload(const std::string& jobFile) override;
     // "/bin/launchctl" "start" / "stop" with the agent's label.
     void start(const LaunchAgent& agent) override;
     void stop(const LaunchAgent& agent) override;

@@ -1,7 +1,6 @@
 #include "launch_agent/StartAtLogin.hpp"
 
 #include <exception>
-#include <filesystem>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -9,6 +8,7 @@
 #include "base/Diagnostics.hpp"
 #include "launch_agent/LaunchControl.hpp"
 #include "platform/Files.hpp"
+#include "platform/Paths.hpp"
 #include "plist/DecodingError.hpp"
 
 namespace vornix::launch_agent {
@@ -19,7 +19,7 @@ constexpr std::string_view jobFileName = "com.vornix.os.launch.plist";
 
 // The job file of an earlier run, decoded with the controller's decoder, its `url` set.
 std::shared_ptr<LaunchAgent> readJobFile(const LaunchControl& control) {
-    const std::filesystem::path url = control.launchAgentsURL() / jobFileName;
+    const std::string url = platform::joinPath(control.launchAgentsURL(), jobFileName);
     std::shared_ptr<LaunchAgent> agent = control.decoder.decode(platform::readWholeFile(url));
     agent->url = url;
     return agent;

@@ -3,6 +3,7 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <system_error>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include "launch_agent/DesktopEntry.hpp"
 #include "platform/ChildReaper.hpp"
 #include "platform/Files.hpp"
+#include "platform/Paths.hpp"
 #include "platform/Spawn.hpp"
 #include "plist/PropertyList.hpp"
 
@@ -18,20 +20,21 @@ namespace vornix::launch_agent {
 
 namespace {
 
-std::shared_ptr<LaunchAgent> readJobFile(const std::filesystem::path& jobFile) {
+std::shared_ptr<LaunchAgent> readJobFile(const std::string& jobFile) {
     return plist::decode<std::shared_ptr<LaunchAgent>>(platform::readWholeFile(jobFile));
 }
 
 // Writes beside `target` and renames over it, so that a failure leaves what was there whole.
-void replaceFile(const std::filesystem::path& target, std::string_view bytes) {
-    const std::filesystem::path written =
-        target.parent_path() / ("." + target.filename().string() + "." + std::to_string(::getpid()) + ".new");
+void replaceFile(const std::string& target, std::string_view bytes) {
+    const std::string written =
+        platform::joinPath(platform::parentPath(target), "." + std::string(platform::fileName(target)) + "." +
+                                                             std::to_string(::getpid()) + ".new");
     try {
         platform::writeWholeFile(written, bytes);
-        std::filesystem::rename(written, target);
-    } catch (const std::filesystem::filesystem_error&) {
-        std::error_code ignored;
-        std::filesystem::remove(written, ignored);
+        platform::renameEntry(written, target);
+    } catch (const platform::FileError&) {
+        // Whether the stray file goes or not, the failure to pass on is the first one.
+        std::remove(written.c_str());
         throw;
     }
 }
@@ -49,28 +52,28 @@ void mentionIgnoredKeys(const std::string& label, const std::vector<std::string>
 
 }  // namespace
 
-XdgAutostartJobManager::XdgAutostartJobManager(std::function<std::filesystem::path()> autostartFolder)
+XdgAutostartJobManager::XdgAutostartJobManager(std::function<std::string()> autostartFolder)
     : autostartFolder_(std::move(autostartFolder)) {}
 
-std::filesystem::path XdgAutostartJobManager::entryPath(const std::string& label) const {
-    return autostartFolder_() / autostartFileName(label);
+std::string XdgAutostartJobManager::entryPath(const std::string& label) const {
+    return platform::joinPath(autostartFolder_(), autostartFileName(label));
 }
 
-void XdgAutostartJobManager::load(const std::filesystem::path& jobFile) {
+void XdgAutostartJobManager::load(const std::string& jobFile) {
     const std::shared_ptr<LaunchAgent> agent = readJobFile(jobFile);
-    const std::filesystem::path entry = entryPath(agent->label);
+    const std::string entry = entryPath(agent->label);
     if (!agent->runAtLoad.value_or(false) || agent->disabled.value_or(false)) {
-        std::filesystem::remove(entry);
+        platform::removeEntry(entry);
         return;
     }
     const AutostartEntry written = autostartEntryFor(*agent);
-    std::filesystem::create_directories(entry.parent_path());
+    platform::makeFolders(std::string(platform::parentPath(entry)));
     replaceFile(entry, written.text);
     mentionIgnoredKeys(agent->label, written.ignoredKeys);
 }
 
-void XdgAutostartJobManager::unload(const std::filesystem::path& jobFile) {
-    std::filesystem::remove(entryPath(readJobFile(jobFile)->label));
+void XdgAutostartJobManager::unload(const std::string& jobFile) {
+    platform::removeEntry(entryPath(readJobFile(jobFile)->label));
 }
 
 std::optional<pid_t> XdgAutostartJobManager::runningChild(const std::string& label) {
@@ -115,12 +118,12 @@ AgentStatus XdgAutostartJobManager::status(const LaunchAgent& agent) {
         return AgentStatus::running(*child);
     }
     try {
-        std::error_code error;
-        if (std::filesystem::exists(entryPath(agent.label), error)) {
+        if (platform::entryExists(entryPath(agent.label))) {
             return AgentStatus::loaded();
         }
     } catch (const std::exception&) {
-        // No autostart folder to look in, or no entry name for this label: nothing is loaded.
+        // No autostart folder to look in or none that can be looked at, or no entry name for
+        // this label: nothing is loaded.
     }
     return AgentStatus::unloaded();
 }

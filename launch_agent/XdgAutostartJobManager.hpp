@@ -2,7 +2,6 @@
 
 #include <sys/types.h>
 
-#include <filesystem>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -26,14 +25,14 @@ namespace vornix::launch_agent {
 class XdgAutostartJobManager : public JobManager {
 public:
     // `autostartFolder` names the folder afresh on every call ($XDG_CONFIG_HOME/autostart).
-    explicit XdgAutostartJobManager(std::function<std::filesystem::path()> autostartFolder);
+    explicit XdgAutostartJobManager(std::function<std::string()> autostartFolder);
 
     // Reads the job file and writes or removes its entry. Keys an entry cannot express (see
     // AutostartEntry) do not stop the job from starting at login: they are named in one line on
     // standard output.
-    void load(const std::filesystem::path& jobFile) override;
+    void load(const std::string& jobFile) override;
     // Reads the job file and removes its entry (an entry already gone is fine).
-    void unload(const std::filesystem::path& jobFile) override;
+    void unload(const std::string& jobFile) override;
     // Runs the job's program unless what an earlier start started still runs. A program that
     // cannot be started goes unnoticed, as with launchd.
     void start(const LaunchAgent& agent) override;
@@ -47,11 +46,11 @@ public:
     bool startsAtLogin(const LaunchAgent& agent) override;
 
 private:
-    std::filesystem::path entryPath(const std::string& label) const;
+    std::string entryPath(const std::string& label) const;
     // The running child that start started for `label`, if any.
     std::optional<pid_t> runningChild(const std::string& label);
 
-    std::function<std::filesystem::path()> autostartFolder_;
+    std::function<std::string()> autostartFolder_;
     std::mutex mutex_;
     std::map<std::string, pid_t> started_;
 };

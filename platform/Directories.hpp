@@ -1,6 +1,6 @@
 #pragma once
 
-#include <filesystem>
+#include <string>
 #include <string_view>
 
 #include "platform/Port.hpp"
@@ -15,8 +15,8 @@ public:
     virtual ~Directories() = default;
 
     // The user's Library folder (where "LaunchAgents" lives). It is looked up, not created, and
-    // may not exist. Throws std::filesystem::filesystem_error when the platform cannot name one.
-    virtual std::filesystem::path userLibraryFolder() const = 0;
+    // may not exist. Throws a FileError (platform/FileError.hpp) when the platform cannot name one.
+    virtual std::string userLibraryFolder() const = 0;
 };
 
 }  // namespace vornix::platform

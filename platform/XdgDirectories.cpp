@@ -5,6 +5,9 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/FileError.hpp"
+#include "platform/Paths.hpp"
+
 namespace vornix::platform {
 
 namespace {
@@ -12,25 +15,24 @@ namespace {
 bool isAbsolute(const char* value) { return value != nullptr && std::string_view(value).starts_with('/'); }
 
 // $<variable> when it is absolute, else $HOME/<fallback>; `what` names the folder in the error.
-std::filesystem::path baseDirectory(const char* variable, const std::filesystem::path& fallback,
-                                    std::string_view what) {
+std::string baseDirectory(const char* variable, std::string_view fallback, std::string_view what) {
     if (const char* value = std::getenv(variable); isAbsolute(value)) {
-        return std::filesystem::path(value);
+        return value;
     }
     if (const char* home = std::getenv("HOME"); isAbsolute(home)) {
-        return std::filesystem::path(home) / fallback;
+        return joinPath(home, fallback);
     }
-    throw std::filesystem::filesystem_error("cannot find the user's " + std::string(what) + ": neither " +
-                                                variable + " nor HOME holds an absolute path",
-                                            std::make_error_code(std::errc::no_such_file_or_directory));
+    throw FileError(std::make_error_code(std::errc::no_such_file_or_directory),
+                    "cannot find the user's " + std::string(what) + ": neither " + variable +
+                        " nor HOME holds an absolute path");
 }
 
 }  // namespace
 
-std::filesystem::path XdgDirectories::userLibraryFolder() const {
-    return baseDirectory("XDG_DATA_HOME", std::filesystem::path(".local") / "share", "Library folder");
+std::string XdgDirectories::userLibraryFolder() const {
+    return baseDirectory("XDG_DATA_HOME", ".local/share", "Library folder");
 }
 
-std::filesystem::path userConfigFolder() { return baseDirectory("XDG_CONFIG_HOME", ".config", "configuration folder"); }
+std::string userConfigFolder() { return baseDirectory("XDG_CONFIG_HOME", ".config", "configuration folder"); }
 
 }  // namespace vornix::platform

@@ -10,11 +10,11 @@ namespace vornix::platform {
 // as the convention asks). So job files live in ~/.local/share/LaunchAgents by default.
 class XdgDirectories : public Directories {
 public:
-    std::filesystem::path userLibraryFolder() const override;
+    std::string userLibraryFolder() const override;
 };
 
 // The user's configuration folder: $XDG_CONFIG_HOME when it holds an absolute path, otherwise
-// $HOME/.config. Throws std::filesystem::filesystem_error when neither names one.
-std::filesystem::path userConfigFolder();
+// $HOME/.config. Throws a FileError when neither names one.
+std::string userConfigFolder();
 
 }  // namespace vornix::platform

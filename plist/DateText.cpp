@@ -1,9 +1,10 @@
 #include "plist/DateText.hpp"
 
-#include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+
+#include "base/RealText.hpp"
 
 namespace vornix::plist {
 namespace {
@@ -61,10 +62,8 @@ std::optional<std::string> formatDateExactly(Date date) {
     if (!text || fraction == 0) {
         return text;
     }
-    char buffer[400];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, fraction, std::chars_format::fixed);
     // "0.25" -> ".25", placed before the "Z".
-    text->insert(text->size() - 1, std::string(buffer + 1, result.ptr));
+    text->insert(text->size() - 1, base::shortestFixedText(fraction).substr(1));
     const std::optional<Date> back = parseDate(*text, true);
     if (!back || back->sinceReferenceDate != date.sinceReferenceDate) {
         return std::nullopt;
@@ -92,8 +91,8 @@ std::optional<Date> parseDate(std::string_view text, bool allowFraction) {
             fractionText.find_first_not_of("0123456789", 1) != std::string_view::npos) {
             return std::nullopt;
         }
-        const std::string decimal = "0" + std::string(fractionText);
-        std::from_chars(decimal.data(), decimal.data() + decimal.size(), fraction);
+        // Digits too small for a double (hundreds of zeros first) add nothing.
+        fraction = base::readReal<double>("0" + std::string(fractionText)).value_or(0);
     }
     const year_month_day day{year(yearNumber), month(static_cast<unsigned>(monthNumber)),
                              std::chrono::day(static_cast<unsigned>(dayNumber))};

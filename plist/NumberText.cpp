@@ -2,8 +2,9 @@
 
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <system_error>
+
+#include "base/RealText.hpp"
 
 namespace vornix::plist {
 
@@ -58,24 +59,14 @@ std::optional<double> parseReal(std::string_view text) {
             return std::nullopt;
         }
     }
-    if (text.empty()) {
-        return std::nullopt;
-    }
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size()) {
-        return std::nullopt;
-    }
-    return value;
+    return base::readReal<double>(text);
 }
 
 std::string shortestReal(double value) {
     if (std::isnan(value)) {
         return "nan";
     }
-    char buffer[64];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-    return std::string(buffer, result.ptr);
+    return base::shortestText(value);
 }
 
 std::string formatReal(double value) {
@@ -85,19 +76,9 @@ std::string formatReal(double value) {
     if (std::isinf(value)) {
         return value < 0 ? "-inf" : "inf";
     }
-    // Shortest round-trip digits and their decimal exponent, from the scientific form "d.ddde±XX".
-    char buffer[64];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific);
-    const std::string_view scientific(buffer, static_cast<std::size_t>(result.ptr - buffer));
-    const std::size_t exponentAt = scientific.find('e');
-    std::string digits(scientific.substr(0, exponentAt));
-    if (digits.size() > 1) {
-        digits.erase(1, 1);  // the decimal point
-    }
-    int exponent = 0;
-    const std::string_view exponentText = scientific.substr(exponentAt + 1);
-    std::from_chars(exponentText.data() + (exponentText.front() == '+' ? 1 : 0),
-                    exponentText.data() + exponentText.size(), exponent);
+    const base::DecimalDigits shortest = base::shortestDigits(value);
+    const std::string& digits = shortest.digits;
+    const int exponent = shortest.exponent;
 
     std::string text = std::signbit(value) ? "-" : "";
     if (exponent >= -4 && exponent < 16) {

@@ -3,9 +3,11 @@
 #include <charconv>
 #include <cstdint>
 #include <limits>
+#include <system_error>
 #include <type_traits>
 #include <vector>
 
+#include "base/RealText.hpp"
 #include "engine/ValueReader.hpp"
 #include "tool/Hex.hpp"
 
@@ -17,9 +19,13 @@ using engine::EncodableValue;
 
 template <class T>
 std::string numberText(T number) {
-    char buffer[64];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, number);
-    return std::string(buffer, result.ptr);
+    if constexpr (std::is_floating_point_v<T>) {
+        return base::shortestText(number);
+    } else {
+        char buffer[32];
+        const auto result = std::to_chars(buffer, buffer + sizeof buffer, number);
+        return std::string(buffer, result.ptr);
+    }
 }
 
 template <class T>
@@ -82,11 +88,23 @@ private:
         }
         const std::string& text = content.get_ref<const std::string&>();
         T number{};
-        const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-        if (result.ec == std::errc::result_out_of_range) {
+        bool outOfRange = false;
+        bool whole = false;
+        if constexpr (std::is_floating_point_v<T>) {
+            const base::RealReading<T> reading = base::readRealPrefix<T>(text);
+            using Status = typename base::RealReading<T>::Status;
+            number = reading.value;
+            outOfRange = reading.status == Status::outOfRange;
+            whole = reading.status == Status::ok && reading.length == text.size();
+        } else {
+            const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+            outOfRange = result.ec == std::errc::result_out_of_range;
+            whole = result.ec == std::errc() && result.ptr == text.data() + text.size();
+        }
+        if (outOfRange) {
             fail(path, "\"" + text + "\" is out of range");
         }
-        if (result.ec != std::errc() || result.ptr != text.data() + text.size() || text.empty()) {
+        if (!whole || text.empty()) {
             fail(path, "\"" + text + "\" is not a " + (std::is_integral_v<T> ? "decimal integer" : "number"));
         }
         return number;

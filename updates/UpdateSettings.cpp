@@ -1,9 +1,10 @@
 #include "updates/UpdateSettings.hpp"
 
-#include <charconv>
-#include <cstring>
+#include <optional>
+#include <string>
 
 #include "base/Diagnostics.hpp"
+#include "base/RealText.hpp"
 
 namespace vornix::updates {
 
@@ -12,11 +13,9 @@ UpdateSettings withEnvironmentOverrides(UpdateSettings settings, const Environme
         settings.feedUrl = url;
     }
     if (const char* timeout = lookup(timeoutVariable); timeout != nullptr && *timeout != '\0') {
-        double seconds = 0.0;
-        const char* end = timeout + std::strlen(timeout);
-        const auto [stop, error] = std::from_chars(timeout, end, seconds);
-        if (error == std::errc() && stop == end && seconds > 0.0 && seconds <= 3600.0) {
-            settings.timeoutSeconds = seconds;
+        const std::optional<double> seconds = base::readReal<double>(timeout);
+        if (seconds && *seconds > 0.0 && *seconds <= 3600.0) {
+            settings.timeoutSeconds = *seconds;
         } else {
             base::printLine(std::string("Ignoring ") + timeoutVariable + "=" + timeout +
                             ": not a number of seconds between 0 and 3600");

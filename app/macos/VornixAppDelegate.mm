@@ -1,6 +1,5 @@
 #import "app/macos/VornixAppDelegate.h"
 
-#include <filesystem>
 #include <memory>
 #include <optional>
 

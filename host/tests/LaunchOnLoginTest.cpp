@@ -174,7 +174,7 @@ TEST_F(LaunchOnLoginTest, TheSwitchKeepsTheNewValueWhenUnloadingFails) {
 class CountingDirectories : public platform::doubles::FixedDirectories {
 public:
     using FixedDirectories::FixedDirectories;
-    std::filesystem::path userLibraryFolder() const override {
+    std::string userLibraryFolder() const override {
         ++asked;
         return FixedDirectories::userLibraryFolder();
     }

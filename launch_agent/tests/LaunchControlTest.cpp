@@ -45,9 +45,9 @@ TEST(LaunchControl, AFailedLibraryLookupReachesTheCaller) {
     LaunchControlTestHome home;
     vornix::platform::doubles::FixedDirectories none;
     vornix::platform::ScopedPort<vornix::platform::Directories> port(&none);
-    EXPECT_THROW(control().launchAgentsURL(), std::filesystem::filesystem_error);
+    EXPECT_THROW(control().launchAgentsURL(), vornix::platform::FileError);
     LaunchAgent agent("com.example.job", "/usr/bin/true");
-    EXPECT_THROW(control().write(agent), std::filesystem::filesystem_error);
+    EXPECT_THROW(control().write(agent), vornix::platform::FileError);
     EXPECT_FALSE(agent.url);
 }
 
@@ -104,7 +104,7 @@ TEST(LaunchControl, AFailedWriteLeavesTheURLAsItWas) {
     LaunchControlTestHome home;
     LaunchAgent agent("com.example.job", "/usr/bin/true");
     agent.url = "/kept/as/it/was.plist";
-    EXPECT_THROW(control().writeTo(agent, home.agentsFolder() / "missing" / "job"), std::filesystem::filesystem_error);
+    EXPECT_THROW(control().writeTo(agent, home.agentsFolder() / "missing" / "job"), vornix::platform::FileError);
     EXPECT_EQ(agent.url, "/kept/as/it/was.plist");
 }
 
@@ -123,9 +123,9 @@ TEST(LaunchControl, ReadAgentReadsTheNameAsGivenWithoutAddingAnExtension) {
     try {
         control().readAgent("job");
         FAIL() << "only job.plist exists";
-    } catch (const std::filesystem::filesystem_error& error) {
+    } catch (const vornix::platform::FileError& error) {
         EXPECT_EQ(error.code(), std::errc::no_such_file_or_directory);
-        EXPECT_EQ(error.path1(), home.agentFile("job"));
+        EXPECT_EQ(error.path(), home.agentFile("job"));
     }
     const std::shared_ptr<LaunchAgent> agent = control().readAgent("job.plist");
     EXPECT_EQ(agent->label, "com.example.job");
@@ -197,7 +197,7 @@ TEST(LaunchControl, SetURLForAMissingFolderIsTheListingError) {
     LaunchControlTestHome home;
     std::filesystem::remove(home.agentsFolder());
     LaunchAgent agent("com.example.job", "/usr/bin/true");
-    EXPECT_THROW(control().setURLFor(agent), std::filesystem::filesystem_error);
+    EXPECT_THROW(control().setURLFor(agent), vornix::platform::FileError);
 }
 
 TEST(LaunchControl, LoadOfAnAgentNeverReadWrittenOrLocatedThrowsUrlNotSet) {

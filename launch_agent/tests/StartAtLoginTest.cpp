@@ -88,7 +88,7 @@ TEST(StartAtLogin, UnloadWithNoJobFilePrintsTheReadErrorAndWritesNothing) {
     std::string readError;
     try {
         readWholeFile(jobFile(home));
-    } catch (const std::filesystem::filesystem_error& error) {
+    } catch (const vornix::platform::FileError& error) {
         readError = error.what();
     }
     EXPECT_EQ(printed, "Unable to unload LaunchAgent: " + readError + "\n");

@@ -108,7 +108,7 @@ TEST(XdgAutostartJobManager, UnloadingRemovesTheEntryAndAnEntryAlreadyGoneIsFine
 
 TEST(XdgAutostartJobManager, AJobFileThatCannotBeReadIsTheReadError) {
     AutostartHome home;
-    EXPECT_THROW(home.manager.load(home.agentFile("missing.plist")), fs::filesystem_error);
+    EXPECT_THROW(home.manager.load(home.agentFile("missing.plist")), vornix::platform::FileError);
     writeWholeFile(home.agentFile("bad.plist"), "not a property list");
     EXPECT_THROW(home.manager.load(home.agentFile("bad.plist")), vornix::plist::DecodingError);
 }
@@ -131,7 +131,7 @@ TEST(XdgAutostartJobManager, AFolderThatCannotBeMadeIsAFileSystemError) {
     home.configFolder = home.home().path() / "plain-file";
     LaunchAgent agent("com.example.job", "/usr/bin/tool");
     agent.runAtLoad = true;
-    EXPECT_THROW(home.manager.load(home.jobFile(agent)), fs::filesystem_error);
+    EXPECT_THROW(home.manager.load(home.jobFile(agent)), vornix::platform::FileError);
 }
 
 TEST(XdgAutostartJobManager, AnEntryThatCannotBeReplacedLeavesWhatWasThereAndNoStrayFile) {
@@ -140,7 +140,7 @@ TEST(XdgAutostartJobManager, AnEntryThatCannotBeReplacedLeavesWhatWasThereAndNoS
     fs::create_directories(home.entry("com.example.job") / "kept");
     LaunchAgent agent("com.example.job", "/usr/bin/tool");
     agent.runAtLoad = true;
-    EXPECT_THROW(home.manager.load(home.jobFile(agent)), fs::filesystem_error);
+    EXPECT_THROW(home.manager.load(home.jobFile(agent)), vornix::platform::FileError);
     EXPECT_TRUE(fs::exists(home.entry("com.example.job") / "kept"));
     EXPECT_EQ(std::distance(fs::directory_iterator(home.autostartFolder()), fs::directory_iterator()), 1);
 }

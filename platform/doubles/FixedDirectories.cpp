@@ -1,15 +1,17 @@
 #include "platform/doubles/FixedDirectories.hpp"
 
 #include <system_error>
+#include <utility>
+
+#include "platform/FileError.hpp"
 
 namespace vornix::platform::doubles {
 
-FixedDirectories::FixedDirectories(std::filesystem::path libraryFolder) : libraryFolder_(std::move(libraryFolder)) {}
+FixedDirectories::FixedDirectories(std::string libraryFolder) : libraryFolder_(std::move(libraryFolder)) {}
 
-std::filesystem::path FixedDirectories::userLibraryFolder() const {
+std::string FixedDirectories::userLibraryFolder() const {
     if (!libraryFolder_) {
-        throw std::filesystem::filesystem_error("no Library folder in this test",
-                                                std::make_error_code(std::errc::no_such_file_or_directory));
+        throw FileError(std::make_error_code(std::errc::no_such_file_or_directory), "no Library folder in this test");
     }
     return *libraryFolder_;
 }

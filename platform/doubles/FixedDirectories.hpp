@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "platform/Directories.hpp"
 
@@ -11,12 +12,12 @@ namespace vornix::platform::doubles {
 class FixedDirectories : public Directories {
 public:
     FixedDirectories() = default;
-    explicit FixedDirectories(std::filesystem::path libraryFolder);
+    explicit FixedDirectories(std::string libraryFolder);
 
-    std::filesystem::path userLibraryFolder() const override;
+    std::string userLibraryFolder() const override;
 
 private:
-    std::optional<std::filesystem::path> libraryFolder_;
+    std::optional<std::string> libraryFolder_;
 };
 
 }  // namespace vornix::platform::doubles

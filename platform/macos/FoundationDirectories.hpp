@@ -7,7 +7,7 @@ namespace vornix::platform::macos {
 // The user's folders on macOS, as NSFileManager names them.
 class FoundationDirectories final : public Directories {
 public:
-    std::filesystem::path userLibraryFolder() const override;
+    std::string userLibraryFolder() const override;
 };
 
 }  // namespace vornix::platform::macos

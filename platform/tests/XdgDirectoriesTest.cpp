@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/FileError.hpp"
+
 namespace {
 
 using vornix::platform::XdgDirectories;
@@ -66,7 +68,7 @@ TEST(XdgDirectories, NeitherVariableGivesAClearFileSystemError) {
     try {
         XdgDirectories().userLibraryFolder();
         FAIL() << "no folder can be named";
-    } catch (const std::filesystem::filesystem_error& error) {
+    } catch (const vornix::platform::FileError& error) {
         EXPECT_EQ(error.code(), std::errc::no_such_file_or_directory);
         EXPECT_NE(std::string(error.what()).find("neither XDG_DATA_HOME nor HOME"), std::string::npos)
             << error.what();
@@ -88,7 +90,7 @@ TEST(XdgDirectories, ARelativeXdgConfigHomeIsIgnoredForDotConfigInHome) {
 TEST(XdgDirectories, WithoutHomeOrXdgConfigHomeThereIsNoConfigurationFolder) {
     ScopedVariable config("XDG_CONFIG_HOME", nullptr);
     ScopedVariable home("HOME", nullptr);
-    EXPECT_THROW(vornix::platform::userConfigFolder(), std::filesystem::filesystem_error);
+    EXPECT_THROW(vornix::platform::userConfigFolder(), vornix::platform::FileError);
 }
 
 }  // namespace

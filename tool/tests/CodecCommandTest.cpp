@@ -110,6 +110,17 @@ TEST(CodecCommand, BadTypedJsonIsRefusedSayingWhereAndWhy) {
     expectInputRefused(codec({"call", "x", "[]"}), "ARGS-JSON: at $");
 }
 
+TEST(CodecCommand, RealsBeyondTheirTypesRangeOrNotWhollyNumbersAreRefused) {
+    expectInputRefused(codec({"encode"}, R"({"double": "1e400"})"), "\"1e400\" is out of range");
+    expectInputRefused(codec({"encode"}, R"({"double": "1e-400"})"), "\"1e-400\" is out of range");
+    expectInputRefused(codec({"encode"}, R"({"float32list": ["1e39"]})"), "\"1e39\" is out of range");
+    // What leads the text decides, as with integers: a number beyond the range, then anything.
+    expectInputRefused(codec({"encode"}, R"({"double": "1e400x"})"), "\"1e400x\" is out of range");
+    expectInputRefused(codec({"encode"}, R"({"double": "1.5x"})"), "\"1.5x\" is not a number");
+    expectInputRefused(codec({"encode"}, R"({"float64list": [" 1"]})"), "\" 1\" is not a number");
+    expectInputRefused(codec({"encode"}, R"({"double": "+1"})"), "\"+1\" is not a number");
+}
+
 // Found by fuzz_tool_typed_json: nlohmann refuses such a number with out_of_range, not parse_error.
 TEST(CodecCommand, NumberBeyondADoublesRangeIsRefusedAsNotJson) {
     expectInputRefused(codec({"encode"}, "2e425"), "standard input is not JSON: [json.exception.out_of_range.406]");
