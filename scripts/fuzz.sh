@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-60}
 
 bash scripts/bootstrap.sh
-cmake --preset fuzz >/dev/null
+cmake --preset fuzz --no-warn-unused-cli >/dev/null
 cmake --build --preset fuzz
 
 mkdir -p build/fuzz/findings
@@ -33,7 +33,7 @@ for fuzzer in "${fuzzers[@]}"; do
 done
 echo "fuzz: ${#fuzzers[@]} fuzzers ran clean"
 
-cmake --preset fuzz-coverage >/dev/null
+cmake --preset fuzz-coverage --no-warn-unused-cli >/dev/null
 cmake --build --preset fuzz-coverage >/dev/null
 reports=build/fuzz-coverage/reports
 mkdir -p "$reports"
