@@ -1,7 +1,10 @@
 // Any bytes, read as a job file and turned into an autostart entry: either the job or the entry
 // is refused with its own error, or the entry is well formed (UTF-8, one "[Desktop Entry]"
-// group of Key=value lines without control characters, the keys the writer promises) and its
-// Exec reads back to exactly the job's command words.
+// group of Key=value lines without control characters, the keys the writer promises), its file
+// is named after the label, and its Exec reads back to exactly the job's command words.
+// The same bytes are also read as an entry that someone else wrote or edited (the host reads
+// its entry back to tell whether the desktop's settings switched it off): its Exec is refused
+// with DesktopEntryError, or its words, written again, read back as the same words.
 
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/Utf8.hpp"
 #include "launch_agent/AutostartEntry.hpp"
@@ -43,19 +47,49 @@ void checkLines(std::string_view text) {
     }
 }
 
+void readAsEntry(std::string_view bytes) {
+    const auto keys = desktopEntryKeys(bytes);
+    const auto exec = keys.find("Exec");
+    if (exec == keys.end()) {
+        return;
+    }
+    std::vector<std::string> words;
+    try {
+        words = execWords(exec->second);
+    } catch (const DesktopEntryError&) {
+        return;
+    }
+    std::string written;
+    try {
+        written = execValue(words);
+    } catch (const DesktopEntryError&) {
+        // Words that no entry can hold (escapes can make control characters): refused, not lost.
+        return;
+    }
+    require(execWords(written) == words);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    readAsEntry(bytes);
     std::shared_ptr<LaunchAgent> agent;
     AutostartEntry entry;
     try {
-        const std::string_view bytes(reinterpret_cast<const char*>(data), size);
         agent = plist::decode<std::shared_ptr<LaunchAgent>>(bytes);
         entry = autostartEntryFor(*agent);
     } catch (const plist::DecodingError&) {
         return 0;
     } catch (const DesktopEntryError&) {
         return 0;
+    }
+    try {
+        require(autostartFileName(agent->label) == agent->label + ".desktop");
+        require(agent->label.find('/') == std::string::npos);
+    } catch (const DesktopEntryError&) {
+        require(agent->label.empty() || agent->label == "." || agent->label == ".." ||
+                agent->label.find_first_of(std::string_view("/\0", 2)) != std::string::npos);
     }
     require(vornix::base::isUtf8(entry.text));
     checkLines(entry.text);
