@@ -14,15 +14,9 @@ constexpr std::size_t headerSize = 8;
 constexpr std::size_t trailerSize = 32;
 constexpr std::size_t maximumDepth = 512;
 
-// A document may share one object between many references (writers share equal strings, and
-// may share containers); every reference yields a copy here, so the copies are capped to keep
-// a small crafted file from expanding into gigabytes.
-constexpr std::size_t fixedBudget = std::size_t{64} << 20;
-constexpr std::size_t budgetPerByte = 64;
-
 class Reader {
 public:
-    explicit Reader(std::string_view bytes) : bytes_(bytes) {}
+    Reader(std::string_view bytes, const BinaryLimits& limits) : bytes_(bytes), limits_(limits) {}
 
     Value read() {
         if (bytes_.size() < headerSize + 1 + 1 + trailerSize) {
@@ -49,7 +43,9 @@ public:
         tableOffset_ = static_cast<std::size_t>(tableOffset);
         objectCount_ = static_cast<std::size_t>(objectCount);
         inProgress_.assign(objectCount_, false);
-        budget_ = fixedBudget + budgetPerByte * bytes_.size();
+        // Writers share equal strings, and may share containers; every reference yields a copy
+        // here, so the copies are capped to keep a small crafted file from expanding into gigabytes.
+        budget_ = limits_.fixedBudget + limits_.budgetPerByte * bytes_.size();
         return object(static_cast<std::size_t>(topObject), 0);
     }
 
@@ -287,6 +283,7 @@ private:
     }
 
     std::string_view bytes_;
+    BinaryLimits limits_;
     std::size_t offsetSize_ = 0;
     std::size_t referenceSize_ = 0;
     std::size_t tableOffset_ = 0;
@@ -299,11 +296,11 @@ private:
 
 bool isBinaryPropertyList(std::string_view bytes) { return bytes.starts_with(magic); }
 
-Value readBinary(std::string_view bytes) {
+Value readBinary(std::string_view bytes, const BinaryLimits& limits) {
     if (!isBinaryPropertyList(bytes)) {
         throw DataCorrupted({}, "byte offset 0: not a binary property list (no \"bplist00\" header)");
     }
-    return Reader(bytes).read();
+    return Reader(bytes, limits).read();
 }
 
 }  // namespace vornix::plist

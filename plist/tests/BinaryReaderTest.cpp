@@ -211,6 +211,22 @@ TEST(BinaryReader, SharedObjectsThatExpandBeyondTheLimitAreAnError) {
     EXPECT_TRUE(contains(failure(document.bytes()), "expand beyond the size limit"));
 }
 
+TEST(BinaryReader, TheExpansionLimitIsTheCallersToSet) {
+    // Each level refers 4 times to the next: 4^6 copies of one string, some 200 KB of values.
+    Document document;
+    for (int level = 0; level < 6; ++level) {
+        document.objects.push_back(object({0xA4, level + 1, level + 1, level + 1, level + 1}));
+    }
+    document.objects.push_back(object({0x51, 's'}));
+    EXPECT_NO_THROW(readBinary(document.bytes()));
+    try {
+        readBinary(document.bytes(), vornix::plist::BinaryLimits{.fixedBudget = 4096, .budgetPerByte = 0});
+        FAIL() << "expanded beyond 4 KiB";
+    } catch (const DataCorrupted& error) {
+        EXPECT_TRUE(contains(error.what(), "expand beyond the size limit")) << error.what();
+    }
+}
+
 TEST(BinaryReader, NestingIsBoundedAt512Levels) {
     const auto nested = [](int depth) {
         Document document;
