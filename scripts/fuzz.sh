@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the fuzz preset and runs every libFuzzer target for SECONDS each (default 60).
+# Builds the fuzz preset and runs every libFuzzer target for SECONDS each (default 60), as many at
+# once as there are processors.
 # Seeds come from the fuzzer's corpus folder in the source tree (fuzz/corpus/NAME) and its
 # dictionary from fuzz/NAME.dict beside it, when there are; findings land in build/fuzz/findings/.
 # Then replays each fuzzer's corpus through the fuzz-coverage build and prints the line and
@@ -23,16 +24,38 @@ if [[ ${#fuzzers[@]} -eq 0 ]]; then
   echo "fuzz: no fuzz targets built"
   exit 0
 fi
-for fuzzer in "${fuzzers[@]}"; do
+# fuzz FUZZER: one fuzzer's run, its exit status left in build/fuzz/NAME.status.
+fuzz() {
+  local fuzzer=$1 name work seeds dictionary status=0
   name=$(basename "$fuzzer")
   work="build/fuzz/corpus/$name"
   mkdir -p "$work"
   seeds=$(find . -path ./build -prune -o -type d -path "*/fuzz/corpus/$name" -print | head -n 1)
   dictionary=$(find . -path ./build -prune -o -type f -path "*/fuzz/$name.dict" -print | head -n 1)
-  echo "fuzz: $name for ${seconds}s"
   "$fuzzer" -max_total_time="$seconds" -max_len="$max_len" -print_final_stats=1 ${dictionary:+-dict="$dictionary"} \
-    -artifact_prefix="build/fuzz/findings/$name-" "$work" ${seeds:+"$seeds"} 2>build/fuzz/$name.log \
-    || { tail -n 40 "build/fuzz/$name.log"; echo "fuzz: $name failed"; exit 1; }
+    -artifact_prefix="build/fuzz/findings/$name-" "$work" ${seeds:+"$seeds"} 2>"build/fuzz/$name.log" || status=$?
+  echo "$status" >"build/fuzz/$name.status"
+}
+
+# As many fuzzers at once as there are processors (VORNIX_FUZZ_JOBS sets another number); each
+# runs on one, so every one still gets SECONDS of a processor.
+parallel=${VORNIX_FUZZ_JOBS:-$(nproc)}
+rm -f build/fuzz/*.status
+for fuzzer in "${fuzzers[@]}"; do
+  while (($(jobs -rp | wc -l) >= parallel)); do
+    wait -n || true
+  done
+  echo "fuzz: $(basename "$fuzzer") for ${seconds}s"
+  fuzz "$fuzzer" &
+done
+wait
+for fuzzer in "${fuzzers[@]}"; do
+  name=$(basename "$fuzzer")
+  if [[ $(cat "build/fuzz/$name.status") != 0 ]]; then
+    tail -n 40 "build/fuzz/$name.log"
+    echo "fuzz: $name failed"
+    exit 1
+  fi
   grep -E '^#[0-9]+' "build/fuzz/$name.log" | tail -n 1 | sed "s/^/fuzz: $name: /"
 done
 echo "fuzz: ${#fuzzers[@]} fuzzers ran clean"
