@@ -10,7 +10,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-60}
 # Inputs of at most 16 KiB, which every seed but one fits: libFuzzer otherwise tries inputs as
-# large as the largest seed (the XML reader's string over 64 KiB) and runs many times slower.
+# large as the largest seed (the XML reader's text over 64 KiB) and runs many times slower.
 # That seed is cut to this length while fuzzing and read whole by the coverage replay.
 max_len=16384
 
