@@ -176,21 +176,22 @@ EncodableValue ValueReader::readValueAt(int depth) {
                 fail("lists and maps nested deeper than " + std::to_string(maxNesting));
             }
             const std::size_t count = readSize();
-            // Every value takes at least its type byte: a count beyond what is left is a lie.
+            // Every value takes at least its type byte: a count beyond what is left is a lie. A
+            // count that passes still only grows the container as its values are read: reserving
+            // it up front would let nested containers each claim every byte left, hundreds of
+            // megabytes from a message of a few kilobytes.
             const std::size_t perItem = type == wire::list ? 1 : 2;
             if (count > (bytes_.size() - position_) / perItem) {
                 fail("a count of " + std::to_string(count) + " past the end of the data");
             }
             if (type == wire::list) {
                 EncodableList items;
-                items.reserve(count);
                 for (std::size_t i = 0; i < count; ++i) {
                     items.push_back(readValueAt(depth + 1));
                 }
                 return EncodableValue(std::move(items));
             }
             std::vector<EncodableMap::Entry> entries;
-            entries.reserve(count);
             for (std::size_t i = 0; i < count; ++i) {
                 EncodableValue key = readValueAt(depth + 1);
                 EncodableValue item = readValueAt(depth + 1);

@@ -258,9 +258,10 @@ private:
         return value;
     }
 
+    // Containers grow as their values are read, which the budget pays for; reserving the count
+    // up front would let nested containers each claim the whole reference area unpaid.
     Value array(std::size_t start, std::size_t count, std::size_t depth) {
         Array items;
-        items.reserve(count);
         for (std::size_t index = 0; index < count; ++index) {
             items.push_back(object(referenceAt(start + index * referenceSize_), depth + 1));
         }
@@ -269,7 +270,6 @@ private:
 
     Value dictionary(std::size_t start, std::size_t count, std::size_t depth) {
         std::vector<Dictionary::Entry> entries;
-        entries.reserve(count);
         for (std::size_t index = 0; index < count; ++index) {
             const std::size_t keyAt = start + index * referenceSize_;
             Value key = object(referenceAt(keyAt), depth + 1);
