@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -48,10 +49,12 @@ void compareReading(std::string_view text) {
     require(whole.has_value() == (status == Status::ok && length == text.size()), "a whole reading", text);
 }
 
+// The standard library's text of a value: the shortest, or the shortest in `format`.
 template <class Real>
-std::string libraryText(Real value, std::chars_format format) {
+std::string libraryText(Real value, std::optional<std::chars_format> format = std::nullopt) {
     char text[512];
-    const auto result = std::to_chars(text, text + sizeof text, value, format);
+    const auto result = format ? std::to_chars(text, text + sizeof text, value, *format)
+                               : std::to_chars(text, text + sizeof text, value);
     return std::string(text, result.ptr);
 }
 
@@ -60,9 +63,7 @@ void compareTexts(const std::uint8_t* data) {
     Real value;
     std::memcpy(&value, data, sizeof value);
     const std::string text = shortestText(value);
-    char plain[512];
-    const auto result = std::to_chars(plain, plain + sizeof plain, value);
-    require(text == std::string(plain, result.ptr), "the shortest text", text);
+    require(text == libraryText(value), "the shortest text", text);
     if constexpr (sizeof(Real) == sizeof(double)) {
         require(shortestFixedText(value) == libraryText(value, std::chars_format::fixed), "the shortest fixed text",
                 text);
