@@ -26,24 +26,78 @@ std::strong_ordering compareSequences(const std::vector<T>& a, const std::vector
                                                   [](const T& x, const T& y) { return compareNumbers(x, y); });
 }
 
-std::strong_ordering compareContents(const std::monostate&, const std::monostate&) {
-    return std::strong_ordering::equal;
-}
-std::strong_ordering compareContents(const std::string& a, const std::string& b) { return a.compare(b) <=> 0; }
-std::strong_ordering compareContents(const EncodableList& a, const EncodableList& b) {
-    return std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(), b.end());
-}
-std::strong_ordering compareContents(const EncodableMap& a, const EncodableMap& b) { return a <=> b; }
-template <class T>
-std::strong_ordering compareContents(const std::vector<T>& a, const std::vector<T>& b) {
-    return compareSequences(a, b);
-}
-template <class T>
-std::strong_ordering compareContents(const T& a, const T& b) {
-    return compareNumbers(a, b);
+}  // namespace
+
+// Both orders share this walk; they differ only in whether an integer's width is part of it.
+struct ValueOrder {
+    bool widthMatters;
+
+    std::strong_ordering operator()(const EncodableValue& a, const EncodableValue& b) const {
+        const std::size_t rankA = rank(a);
+        const std::size_t rankB = rank(b);
+        if (rankA != rankB) {
+            return rankA <=> rankB;
+        }
+        if (a.storage_.index() != b.storage_.index()) {
+            return widerInteger(a) <=> widerInteger(b);
+        }
+        return std::visit(
+            [&](const auto& x) { return contents(x, *std::get_if<std::decay_t<decltype(x)>>(&b.storage_)); },
+            a.storage_);
+    }
+
+    // Entries are compared in key order, so that insertion order does not matter.
+    std::strong_ordering operator()(const EncodableMap& a, const EncodableMap& b) const {
+        if (a.size() != b.size()) {
+            return a.size() <=> b.size();
+        }
+        for (std::size_t i = 0; i < a.byKey_.size(); ++i) {
+            const EncodableMap::Entry& x = a.entries_[a.byKey_[i]];
+            const EncodableMap::Entry& y = b.entries_[b.byKey_[i]];
+            if (const auto order = (*this)(x.first, y.first); order != 0) {
+                return order;
+            }
+            if (const auto order = (*this)(x.second, y.second); order != 0) {
+                return order;
+            }
+        }
+        return std::strong_ordering::equal;
+    }
+
+private:
+    // Kinds order by their place in the storage, except that without widths an int64 ranks as
+    // an int32 and the two then compare by their numbers.
+    std::size_t rank(const EncodableValue& value) const {
+        const std::size_t index = value.storage_.index();
+        return !widthMatters && value.kind() == EncodableValue::Kind::int64 ? index - 1 : index;
+    }
+    static std::int64_t widerInteger(const EncodableValue& value) {
+        const auto* narrow = value.get<std::int32_t>();
+        return narrow != nullptr ? std::int64_t{*narrow} : *value.get<std::int64_t>();
+    }
+
+    std::strong_ordering contents(const std::monostate&, const std::monostate&) const {
+        return std::strong_ordering::equal;
+    }
+    std::strong_ordering contents(const std::string& a, const std::string& b) const { return a.compare(b) <=> 0; }
+    std::strong_ordering contents(const EncodableList& a, const EncodableList& b) const {
+        return std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(), b.end(), *this);
+    }
+    std::strong_ordering contents(const EncodableMap& a, const EncodableMap& b) const { return (*this)(a, b); }
+    template <class T>
+    std::strong_ordering contents(const std::vector<T>& a, const std::vector<T>& b) const {
+        return compareSequences(a, b);
+    }
+    template <class T>
+    std::strong_ordering contents(const T& a, const T& b) const {
+        return compareNumbers(a, b);
+    }
+};
+
+std::strong_ordering compareKeys(const EncodableValue& a, const EncodableValue& b) {
+    return ValueOrder{.widthMatters = false}(a, b);
 }
 
-}  // namespace
 
 EncodableMap::EncodableMap(std::initializer_list<Entry> entries)
     : EncodableMap(fromEntries(std::vector<Entry>(entries))) {}
@@ -53,11 +107,11 @@ EncodableMap EncodableMap::fromEntries(std::vector<Entry> entries) {
     std::iota(order.begin(), order.end(), 0u);
     // Stable, so that within a run of equal keys the first is the first written and the last the last.
     std::stable_sort(order.begin(), order.end(),
-                     [&](std::uint32_t a, std::uint32_t b) { return entries[a].first < entries[b].first; });
+                     [&](std::uint32_t a, std::uint32_t b) { return compareKeys(entries[a].first, entries[b].first) < 0; });
     std::vector<bool> dropped(entries.size(), false);
     for (std::size_t run = 0; run < order.size();) {
         std::size_t next = run + 1;
-        while (next < order.size() && entries[order[next]].first == entries[order[run]].first) {
+        while (next < order.size() && compareKeys(entries[order[next]].first, entries[order[run]].first) == 0) {
             ++next;
         }
         if (next - run > 1) {
@@ -88,14 +142,14 @@ EncodableMap EncodableMap::fromEntries(std::vector<Entry> entries) {
 
 std::size_t EncodableMap::lowerBound(const EncodableValue& key) const {
     const auto place = std::lower_bound(byKey_.begin(), byKey_.end(), key, [&](std::uint32_t position, const EncodableValue& wanted) {
-        return entries_[position].first < wanted;
+        return compareKeys(entries_[position].first, wanted) < 0;
     });
     return static_cast<std::size_t>(place - byKey_.begin());
 }
 
 void EncodableMap::set(EncodableValue key, EncodableValue value) {
     const std::size_t place = lowerBound(key);
-    if (place < byKey_.size() && entries_[byKey_[place]].first == key) {
+    if (place < byKey_.size() && compareKeys(entries_[byKey_[place]].first, key) == 0) {
         entries_[byKey_[place]].second = std::move(value);
         return;
     }
@@ -105,7 +159,7 @@ void EncodableMap::set(EncodableValue key, EncodableValue value) {
 
 const EncodableValue* EncodableMap::find(const EncodableValue& key) const {
     const std::size_t place = lowerBound(key);
-    if (place < byKey_.size() && entries_[byKey_[place]].first == key) {
+    if (place < byKey_.size() && compareKeys(entries_[byKey_[place]].first, key) == 0) {
         return &entries_[byKey_[place]].second;
     }
     return nullptr;
@@ -115,35 +169,13 @@ const EncodableValue* EncodableMap::find(const EncodableValue& key) const {
 bool operator==(const EncodableMap& a, const EncodableMap& b) { return (a <=> b) == 0; }
 
 std::strong_ordering operator<=>(const EncodableMap& a, const EncodableMap& b) {
-    // Entries are compared in key order, so that insertion order does not matter.
-    if (a.size() != b.size()) {
-        return a.size() <=> b.size();
-    }
-    for (std::size_t i = 0; i < a.byKey_.size(); ++i) {
-        const EncodableMap::Entry& x = a.entries_[a.byKey_[i]];
-        const EncodableMap::Entry& y = b.entries_[b.byKey_[i]];
-        if (const auto order = x.first <=> y.first; order != 0) {
-            return order;
-        }
-        if (const auto order = x.second <=> y.second; order != 0) {
-            return order;
-        }
-    }
-    return std::strong_ordering::equal;
+    return ValueOrder{.widthMatters = true}(a, b);
 }
 
 bool operator==(const EncodableValue& a, const EncodableValue& b) { return (a <=> b) == 0; }
 
 std::strong_ordering operator<=>(const EncodableValue& a, const EncodableValue& b) {
-    if (a.storage_.index() != b.storage_.index()) {
-        return a.storage_.index() <=> b.storage_.index();
-    }
-    return std::visit(
-        [&](const auto& x) {
-            using T = std::decay_t<decltype(x)>;
-            return compareContents(x, *std::get_if<T>(&b.storage_));
-        },
-        a.storage_);
+    return ValueOrder{.widthMatters = true}(a, b);
 }
 
 std::string_view kindName(EncodableValue::Kind kind) {

@@ -13,13 +13,15 @@
 namespace vornix::engine {
 
 class EncodableValue;
+struct ValueOrder;
 
 using EncodableList = std::vector<EncodableValue>;
 
 // A map whose keys are values. It keeps its entries in insertion order, which is the order
 // they go on the wire, so decoding and re-encoding a message keeps its bytes; a side index
 // sorted by key makes lookups and inserts logarithmic. Setting an existing key replaces its
-// value in place, as the engine's side does when it reads a map.
+// value in place, as the engine's side does when it reads a map. Keys are told apart by
+// compareKeys, so an int32 and an int64 of the same number are one key.
 class EncodableMap {
 public:
     using Entry = std::pair<EncodableValue, EncodableValue>;
@@ -42,6 +44,8 @@ public:
     friend std::strong_ordering operator<=>(const EncodableMap&, const EncodableMap&);
 
 private:
+    friend struct ValueOrder;
+
     std::size_t lowerBound(const EncodableValue& key) const;
 
     std::vector<Entry> entries_;
@@ -53,7 +57,8 @@ private:
 // Values compare by type first, then by content, with doubles and floats compared by their
 // bits: a total order, so that any value can be a map key and NaN keys behave. An int32 and an
 // int64 holding the same number are different values here; on the wire the codec sends every
-// 64-bit integer that fits as an int32, as the engine's side does.
+// 64-bit integer that fits as an int32, as the engine's side does, and the engine reads both as
+// one integer type. Map keys therefore follow compareKeys instead.
 class EncodableValue {
 public:
     enum class Kind {
@@ -107,6 +112,8 @@ public:
     friend std::strong_ordering operator<=>(const EncodableValue&, const EncodableValue&);
 
 private:
+    friend struct ValueOrder;
+
     std::variant<std::monostate, bool, std::int32_t, std::int64_t, double, std::string,
                  std::vector<std::uint8_t>, std::vector<std::int32_t>, std::vector<std::int64_t>,
                  std::vector<float>, std::vector<double>, EncodableList, EncodableMap>
@@ -118,6 +125,11 @@ inline std::size_t EncodableMap::size() const { return entries_.size(); }
 inline bool EncodableMap::empty() const { return entries_.empty(); }
 inline std::vector<EncodableMap::Entry>::const_iterator EncodableMap::begin() const { return entries_.begin(); }
 inline std::vector<EncodableMap::Entry>::const_iterator EncodableMap::end() const { return entries_.end(); }
+
+// The order of map keys: the order of values, except that an int32 and an int64 holding the
+// same number are equal, at any depth of the key. Two keys that differ only in width would be
+// one key once they had been to the engine, or through the codec, which narrows the int64.
+std::strong_ordering compareKeys(const EncodableValue& a, const EncodableValue& b);
 
 // The kind's name as the typed JSON form of vornix-tool spells it ("null", "int32", "map", ...).
 std::string_view kindName(EncodableValue::Kind kind);

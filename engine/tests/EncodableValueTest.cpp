@@ -38,6 +38,8 @@ TEST(EncodableValue, GetGivesTheContentOnlyForItsOwnType) {
 
 TEST(EncodableValue, Int32AndInt64OfTheSameNumberAreDifferentValues) {
     EXPECT_NE(EncodableValue(std::int32_t{5}), EncodableValue(std::int64_t{5}));
+    EXPECT_NE(EncodableValue(EncodableMap{{std::int32_t{5}, 1}}), EncodableValue(EncodableMap{{std::int64_t{5}, 1}}));
+    EXPECT_NE(EncodableValue(EncodableList{std::int32_t{5}}), EncodableValue(EncodableList{std::int64_t{5}}));
 }
 
 TEST(EncodableValue, DoublesCompareByTheirBits) {
@@ -89,8 +91,51 @@ TEST(EncodableMap, FindsAnyKeyByValue) {
     EXPECT_EQ(*map.find("user"), EncodableValue("U"));
     ASSERT_NE(map.find(EncodableValue(EncodableList{1, 2})), nullptr);
     EXPECT_EQ(*map.find(EncodableValue(std::int64_t{7})), EncodableValue(1.5));
-    EXPECT_EQ(map.find(EncodableValue(7)), nullptr);
+    EXPECT_EQ(map.find(EncodableValue(7.0)), nullptr);
     EXPECT_EQ(map.find("absent"), nullptr);
+}
+
+TEST(EncodableMap, AnInt32AndAnInt64OfOneNumberAreOneKey) {
+    const EncodableMap map = EncodableMap::fromEntries({{std::int32_t{1}, true}, {"x", 0}, {std::int64_t{1}, false}});
+    ASSERT_EQ(map.size(), 2u);
+    EXPECT_EQ(*map.begin(), (EncodableMap::Entry{std::int32_t{1}, false}));
+    ASSERT_NE(map.find(EncodableValue(std::int64_t{1})), nullptr);
+    EXPECT_EQ(*map.find(EncodableValue(std::int64_t{1})), EncodableValue(false));
+
+    EncodableMap set{{std::int64_t{-4}, "wide"}};
+    set.set(std::int32_t{-4}, "narrow");
+    ASSERT_EQ(set.size(), 1u);
+    EXPECT_EQ(*set.begin(), (EncodableMap::Entry{std::int64_t{-4}, "narrow"}));
+}
+
+TEST(EncodableMap, KeysThatDifferOnlyInWidthDeepInsideAreOneKey) {
+    const EncodableValue narrowList(EncodableList{"a", std::int32_t{2}});
+    const EncodableValue wideList(EncodableList{"a", std::int64_t{2}});
+    const EncodableValue narrowMap(EncodableMap{{std::int32_t{3}, EncodableList{std::int32_t{4}}}});
+    const EncodableValue wideMap(EncodableMap{{std::int64_t{3}, EncodableList{std::int64_t{4}}}});
+    const EncodableMap map = EncodableMap::fromEntries({{narrowList, 1}, {narrowMap, 2}, {wideList, 3}, {wideMap, 4}});
+    ASSERT_EQ(map.size(), 2u);
+    EXPECT_EQ(*map.find(wideList), EncodableValue(3));
+    EXPECT_EQ(*map.find(wideMap), EncodableValue(4));
+}
+
+TEST(EncodableMap, TypedListsOfEitherWidthStayDifferentKeys) {
+    const EncodableMap map{{std::vector<std::int32_t>{1}, 1}, {std::vector<std::int64_t>{1}, 2}};
+    EXPECT_EQ(map.size(), 2u);
+}
+
+TEST(EncodableValue, KeysOrderIntegersOfBothWidthsByNumber) {
+    EXPECT_EQ(compareKeys(std::int32_t{5}, std::int64_t{5}), std::strong_ordering::equal);
+    EXPECT_EQ(compareKeys(std::int64_t{-1}, std::int32_t{0}), std::strong_ordering::less);
+    EXPECT_EQ(compareKeys(std::int32_t{9}, std::int64_t{1}), std::strong_ordering::greater);
+    EXPECT_EQ(compareKeys(std::int32_t{std::numeric_limits<std::int32_t>::max()}, std::int64_t{1} << 31), std::strong_ordering::less);
+    EXPECT_EQ(compareKeys(std::int64_t{std::numeric_limits<std::int64_t>::min()}, std::int32_t{std::numeric_limits<std::int32_t>::min()}),
+              std::strong_ordering::less);
+    // Apart from width, keys order as values do: integers after booleans, before doubles.
+    EXPECT_EQ(compareKeys(true, std::int64_t{-7}), std::strong_ordering::less);
+    EXPECT_EQ(compareKeys(std::int64_t{7}, 0.5), std::strong_ordering::less);
+    EXPECT_EQ(compareKeys(std::int64_t{7}, EncodableValue(7.0)), std::strong_ordering::less);
+    EXPECT_EQ(compareKeys("a", "b"), std::strong_ordering::less);
 }
 
 TEST(EncodableMap, MapsWithTheSameEntriesInAnotherOrderAreEqual) {

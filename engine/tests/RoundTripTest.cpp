@@ -7,9 +7,12 @@
 #include <limits>
 #include <random>
 
+#include "engine/tests/Hex.hpp"
+
 namespace {
 
 using namespace vornix::engine;
+using vornix::engine::testing::hex;
 
 // Random values of every kind, from a fixed seed so that a failure can be replayed.
 class RandomValues {
@@ -124,6 +127,28 @@ TEST(RoundTrip, RandomEnvelopesDecodeToWhatWasEncoded) {
         }
         ASSERT_EQ(StandardMethodCodec::decodeEnvelope(StandardMethodCodec::encodeEnvelope(envelope)), envelope) << "envelope " << i;
     }
+}
+
+// The engine reads an int32 and an int64 as one integer type, and the codec writes an int64 that
+// fits as an int32, so a map whose keys differ only in width holds one key for both.
+TEST(RoundTrip, KeysDifferingOnlyInWidthAreOneEntryFromTheFirstDecoding) {
+    const Bytes bytes = hex("0d 02 03 01000000 01 04 0100000000000000 02");
+    const EncodableValue decoded = StandardMessageCodec::decodeMessage(bytes);
+    EXPECT_EQ(decoded, EncodableValue(EncodableMap{{std::int32_t{1}, false}}));
+    EXPECT_EQ(StandardMessageCodec::encodeMessage(decoded), hex("0d 01 03 01000000 02"));
+}
+
+// The input on which the codec fuzzer found the above: before, it encoded to two entries whose
+// keys were then the same, and the second encoding lost one.
+TEST(RoundTrip, AMessageWithKeysDifferingOnlyInWidthEncodesTheSameTwice) {
+    const Bytes bytes = hex(
+        "0d06 0704 6e75 6c6c 0003 0100 0000 0104 0100 0000 0000 0000 0206 0000 0000 0000"
+        "0000 0000 0000 d03f 0802 0102 0c00 0d00 0705 6c69 7374 730c 0409 0100 0100 0000"
+        "0a01 0000 0000 0000 0200 0000 0000 0000 0e01 0000 0000 803f 0b01 0000 0000 0000"
+        "0000 0000 0000 0040");
+    const Bytes once = StandardMessageCodec::encodeMessage(StandardMessageCodec::decodeMessage(bytes));
+    EXPECT_EQ(StandardMessageCodec::encodeMessage(StandardMessageCodec::decodeMessage(once)), once);
+    EXPECT_EQ(StandardMessageCodec::decodeMessage(once).get<EncodableMap>()->size(), 5u);
 }
 
 }  // namespace
