@@ -33,13 +33,10 @@ struct ValueOrder {
     bool widthMatters;
 
     std::strong_ordering operator()(const EncodableValue& a, const EncodableValue& b) const {
-        const std::size_t rankA = rank(a);
-        const std::size_t rankB = rank(b);
-        if (rankA != rankB) {
-            return rankA <=> rankB;
-        }
         if (a.storage_.index() != b.storage_.index()) {
-            return widerInteger(a) <=> widerInteger(b);
+            const std::size_t rankA = rank(a);
+            const std::size_t rankB = rank(b);
+            return rankA != rankB ? rankA <=> rankB : widerInteger(a) <=> widerInteger(b);
         }
         return std::visit(
             [&](const auto& x) { return contents(x, *std::get_if<std::decay_t<decltype(x)>>(&b.storage_)); },
