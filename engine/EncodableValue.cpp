@@ -65,8 +65,8 @@ private:
     // Kinds order by their place in the storage, except that without widths an int64 ranks as
     // an int32 and the two then compare by their numbers.
     std::size_t rank(const EncodableValue& value) const {
-        const std::size_t index = value.storage_.index();
-        return !widthMatters && value.kind() == EncodableValue::Kind::int64 ? index - 1 : index;
+        const EncodableValue::Kind kind = value.kind();
+        return static_cast<std::size_t>(!widthMatters && kind == EncodableValue::Kind::int64 ? EncodableValue::Kind::int32 : kind);
     }
     static std::int64_t widerInteger(const EncodableValue& value) {
         const auto* narrow = value.get<std::int32_t>();
