@@ -2,6 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
+#include "platform/macos/AppKitApplication.hpp"
 #include "platform/macos/Conversions.hpp"
 
 namespace vornix::platform::macos {
@@ -14,6 +15,8 @@ ModalResponse AppKitAlerts::runModal(const Alert& alert) {
     for (const std::string& title : alert.buttons) {
         [panel addButtonWithTitle:toNSString(title)];
     }
+    // In front of other applications' windows, where the user sees it.
+    activateApplication();
     return [panel runModal];
 }
 

@@ -14,4 +14,13 @@ std::size_t AppKitApplication::windowCount() const { return NSApp.windows.count;
 
 void AppKitApplication::terminate() { [NSApp terminate:nil]; }
 
+// macOS 14 replaced activating while ignoring other applications with a cooperative request.
+void activateApplication() {
+    if (@available(macOS 14, *)) {
+        [NSApp activate];
+    } else {
+        [NSApp activateIgnoringOtherApps:YES];
+    }
+}
+
 }  // namespace vornix::platform::macos

@@ -283,7 +283,10 @@ void AppKitPopoverView::render(const PopoverLayout& layout, const std::vector<Po
     std::vector<RowKind> kinds(rows.size());
     std::transform(rows.begin(), rows.end(), kinds.begin(), [](const PopoverRow& row) { return row.kind; });
     if (kinds != kinds_) {
-        for (NSView* shown in stack_.arrangedSubviews) {
+        // A copy: the stack's own list shrinks with each removal, and AppKit does not promise that
+        // the array it hands out is not that list.
+        NSArray<NSView*>* shownRows = [stack_.arrangedSubviews copy];
+        for (NSView* shown in shownRows) {
             [stack_ removeArrangedSubview:shown];
             [shown removeFromSuperview];
         }

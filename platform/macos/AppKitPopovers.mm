@@ -1,5 +1,6 @@
 #include "platform/macos/AppKitPopovers.hpp"
 
+#include "platform/macos/AppKitApplication.hpp"
 #include "platform/macos/AppKitStatusBar.hpp"
 #include "platform/macos/Conversions.hpp"
 
@@ -21,8 +22,10 @@ void AppKitPopover::setBehavior(PopoverBehavior behavior) {
 
 bool AppKitPopover::isShown() const { return popover_.shown; }
 
-// The status bar's buttons are the only views the core shows a popover next to.
+// The status bar's buttons are the only views the core shows a popover next to. The application is
+// made active first, so that the popover's window, once key, has the keyboard.
 void AppKitPopover::show(Rect relativeTo, StatusBarButton& of, RectEdge preferredEdge) {
+    activateApplication();
     [popover_ showRelativeToRect:toNSRect(relativeTo)
                           ofView:static_cast<AppKitStatusBarButton&>(of).nsButton()
                    preferredEdge:static_cast<NSRectEdge>(preferredEdge)];

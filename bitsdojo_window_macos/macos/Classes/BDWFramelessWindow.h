@@ -10,7 +10,9 @@
 // BitsdojoWindow over the AppKit window port, so that every ordering (also those AppKit starts
 // itself, such as makeKeyAndOrderFront:) passes through the core, which gives the window its
 // full-size content view and its transparent, hidden title bar, and keeps it hidden until the
-// engine allows it to be shown. It has no standard buttons: its content draws its own.
+// engine allows it to be shown. Its standard buttons stay as AppKit makes them for its style: with
+// a custom frame they sit in the transparent title bar over the content, as in any window with a
+// full-size content view; a window that asks for no flags is a plain window.
 @interface BDWFramelessWindow : NSWindow
 
 // The port object for this window, made once when the window is made. A subclass that needs the

@@ -18,9 +18,6 @@ using PortWindow = vornix::platform::macos::AppKitWindow;
                               defer:(BOOL)flag {
     if ((self = [super initWithContentRect:contentRect styleMask:style backing:backingStoreType defer:flag])) {
         _portObject = [self makePortObject];
-        [self standardWindowButton:NSWindowCloseButton].hidden = YES;
-        [self standardWindowButton:NSWindowMiniaturizeButton].hidden = YES;
-        [self standardWindowButton:NSWindowZoomButton].hidden = YES;
     }
     return self;
 }
@@ -37,7 +34,13 @@ using PortWindow = vornix::platform::macos::AppKitWindow;
     return _portObject;
 }
 
+// Until NSWindow's initialiser has returned there is no port object yet; whatever AppKit asks of
+// the window in the meantime gets NSWindow's own answer, as for any window.
 - (void)orderWindow:(NSWindowOrderingMode)place relativeTo:(NSInteger)otherWin {
+    if (_portObject == nullptr) {
+        [super orderWindow:place relativeTo:otherWin];
+        return;
+    }
     _portObject->orderWindow(static_cast<vornix::platform::WindowOrderingMode>(place), otherWin);
 }
 
@@ -46,7 +49,7 @@ using PortWindow = vornix::platform::macos::AppKitWindow;
 }
 
 - (BOOL)canBecomeKeyWindow {
-    return _portObject->canBecomeKey();
+    return _portObject != nullptr ? _portObject->canBecomeKey() : super.canBecomeKeyWindow;
 }
 
 - (BOOL)vx_canBecomeKeyWindowItself {

@@ -350,6 +350,10 @@ typedef NS_ENUM(NSUInteger, NSWindowButton) {
 @property(nullable, weak) id<NSApplicationDelegate> delegate;
 @property(readonly, copy) NSArray<NSWindow*>* windows;
 - (void)terminate:(nullable id)sender;
+- (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps
+    API_DEPRECATED("This method will be deprecated in a future release. Use NSApp.activate instead.",
+                   macos(10.0, 14.0));
+- (void)activate API_AVAILABLE(macos(14.0));
 @end
 
 APPKIT_EXTERN __kindof NSApplication* _Null_unspecified NSApp;

@@ -33,6 +33,7 @@ __attribute__((objc_root_class))
 - (instancetype)init;
 + (instancetype)alloc;
 + (Class)class;
+- (id)copy;
 @end
 
 typedef struct _NSZone NSZone;

@@ -45,6 +45,9 @@
 #define __VX_API_UNAVAILABLE_2(a, b) __VX_API_UNAVAILABLE_##a __VX_API_UNAVAILABLE_##b
 #define API_AVAILABLE(...) __VX_API_PICK(__VA_ARGS__, __VX_API_AVAILABLE_2, __VX_API_AVAILABLE_1)(__VA_ARGS__)
 #define API_UNAVAILABLE(...) __VX_API_PICK(__VA_ARGS__, __VX_API_UNAVAILABLE_2, __VX_API_UNAVAILABLE_1)(__VA_ARGS__)
+// Deprecation on macOS: API_DEPRECATED("message", macos(10.0, 14.0)).
+#define __VX_API_DEPRECATED_macos(introduced_, deprecated_) macos, introduced = introduced_, deprecated = deprecated_
+#define API_DEPRECATED(msg, platform) __attribute__((availability(__VX_API_DEPRECATED_##platform, message = msg)))
 
 #ifndef __deprecated
 #define __deprecated __attribute__((deprecated))
