@@ -24,11 +24,13 @@ foreach(framework IN LISTS VORNIX_PLUGIN_FRAMEWORKS)
 endforeach()
 
 # vornix_link_framework(TARGET FRAMEWORK_FOLDER): compile TARGET with the framework's headers
-# and link it with the framework.
+# and link it with the framework. The headers are found as system headers (-iframework), like
+# Apple's own: they are not the project's, and a warning in one (a plug-in's generated header, say)
+# must not fail a build whose warnings are errors. The linker takes the folder with -F.
 function(vornix_link_framework target framework)
   get_filename_component(folder "${framework}" DIRECTORY)
   get_filename_component(name "${framework}" NAME_WE)
-  target_compile_options(${target} INTERFACE "-F${folder}")
+  target_compile_options(${target} INTERFACE "-iframework${folder}")
   target_link_options(${target} INTERFACE "-F${folder}" "SHELL:-framework ${name}")
 endfunction()
 

@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # embed_and_sign.sh APP IDENTITY FRAMEWORK...: copies each framework into APP/Contents/Frameworks
-# (ditto keeps the frameworks' version links) and signs, from the inside out, the code in each
-# framework, each framework, then the application. IDENTITY "-" signs ad hoc, which runs on the
+# (ditto keeps the frameworks' version links), with the libraries (*.dylib) that lie beside the
+# frameworks given (the Swift runtime libraries Xcode places in the Flutter application's
+# Frameworks folder for its Swift plug-ins, which refer to them through @rpath), and signs, from the
+# inside out, the code in each framework, each library, each framework, then the application. IDENTITY "-" signs ad hoc, which runs on the
 # machine that built it; a Developer ID identity signs with the hardened runtime and a secure
 # timestamp, as notarisation requires. Written for the bash 3.2 that macOS ships.
 set -euo pipefail
@@ -12,8 +14,26 @@ shift 2
 frameworks="$app/Contents/Frameworks"
 rm -rf "$frameworks"
 mkdir -p "$frameworks"
+folders=""
 for framework in "$@"; do
   ditto "$framework" "$frameworks/$(basename "$framework")"
+  folder=$(dirname "$framework")
+  case "
+$folders
+" in
+    *"
+$folder
+"*) ;;
+    *)
+      folders="$folders
+$folder"
+      for library in "$folder"/*.dylib; do
+        if [ -f "$library" ]; then
+          ditto "$library" "$frameworks/$(basename "$library")"
+        fi
+      done
+      ;;
+  esac
 done
 
 sign() {
@@ -24,6 +44,11 @@ sign() {
   fi
 }
 
+for library in "$frameworks"/*.dylib; do
+  if [ -f "$library" ]; then
+    sign "$library"
+  fi
+done
 for framework in "$frameworks"/*.framework; do
   if [ ! -d "$framework" ]; then
     continue

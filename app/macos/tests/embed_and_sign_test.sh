@@ -37,6 +37,9 @@ mkdir -p "$sparkle/XPCServices/Downloader.xpc" "$sparkle/XPCServices/Installer.x
 echo helper >"$sparkle/Autoupdate"
 chmod +x "$sparkle/Autoupdate"
 echo data >"$sparkle/Resources/notes.txt"
+# Swift runtime libraries beside the Flutter application's frameworks, and nothing beside Sparkle's.
+echo library >"$work/kit/libswiftAppKit.dylib"
+echo library >"$work/kit/libswiftCore.dylib"
 
 app="$work/Vornix OS.app"
 mkdir -p "$app/Contents/MacOS" "$app/Contents/Frameworks/Stale.framework"
@@ -53,9 +56,13 @@ frameworks="$app/Contents/Frameworks"
 [[ ! -e "$frameworks/Stale.framework" ]] || fail "a framework of an earlier build stays"
 [[ -L "$frameworks/Sparkle.framework/Versions/Current" ]] || fail "the version link became a copy"
 [[ -x "$frameworks/FlutterMacOS.framework/Versions/A/FlutterMacOS" ]] || fail "FlutterMacOS is not embedded"
+[[ -f "$frameworks/libswiftAppKit.dylib" && -f "$frameworks/libswiftCore.dylib" ]] ||
+  fail "the Swift libraries beside the frameworks are not embedded"
 embedded="$frameworks/Sparkle.framework/Versions/Current"
-# The frameworks in name order, each after the code nested in it.
-expected="--force --sign - $frameworks/FlutterMacOS.framework
+# The libraries, then the frameworks in name order, each after the code nested in it.
+expected="--force --sign - $frameworks/libswiftAppKit.dylib
+--force --sign - $frameworks/libswiftCore.dylib
+--force --sign - $frameworks/FlutterMacOS.framework
 --force --sign - --preserve-metadata=entitlements $embedded/XPCServices/Downloader.xpc
 --force --sign - --preserve-metadata=entitlements $embedded/XPCServices/Installer.xpc
 --force --sign - $embedded/Updater.app
@@ -72,6 +79,6 @@ $expected"
 run "Developer ID Application: Example (TEAM123456)" identity
 grep -qx -- "--force --sign Developer ID Application: Example (TEAM123456) --options runtime --timestamp $app" \
   "$work/codesign-identity.log" || fail "an identity does not sign with the hardened runtime and a timestamp"
-[[ $(grep -c -- "--options runtime --timestamp" "$work/codesign-identity.log") == 7 ]] ||
+[[ $(grep -c -- "--options runtime --timestamp" "$work/codesign-identity.log") == 9 ]] ||
   fail "not every signature with an identity has the hardened runtime"
 echo "embed and sign: ok"
