@@ -25,12 +25,13 @@ plist::Dictionary infoPlist(const BundleFacts& facts) {
     info.set("CFBundlePackageType", "APPL");
     info.set("CFBundleShortVersionString", facts.version);
     info.set("CFBundleVersion", facts.version);
-    info.set("LSMinimumSystemVersion", "10.14");
+    info.set("LSMinimumSystemVersion", facts.minimumSystemVersion);
     info.set("LSUIElement", true);
     info.set("NSPrincipalClass", "NSApplication");
     info.set("NSHighResolutionCapable", true);
     info.set("CFBundleURLTypes", urlTypes(facts.urlScheme));
     info.set("SUFeedURL", facts.updateFeed);
+    info.set("SUPublicEDKey", facts.updatePublicKey);
     info.set("SUEnableAutomaticChecks", true);
     return info;
 }

@@ -15,14 +15,18 @@ struct BundleFacts {
     std::string version;
     // The host's own URL scheme, the one the Linux desktop entry declares too.
     std::string urlScheme;
+    // The lowest macOS the application runs on: the build's deployment target.
+    std::string minimumSystemVersion;
     // The appcast the updater reads.
     std::string updateFeed;
+    // The public EdDSA key the updater checks each update's signature with (base64).
+    std::string updatePublicKey;
 };
 
 // The bundle's Info.plist: the identity "com.vornix.os" and "Vornix OS", an application
-// ("APPL") for macOS 10.14 and later that has no Dock icon (a menu-bar service), the principal
-// class "NSApplication", drawn for high-resolution screens, the handler of the URL scheme, and
-// the updater's feed with automatic checks on.
+// ("APPL") for the build's lowest macOS and later that has no Dock icon (a menu-bar service), the
+// principal class "NSApplication", drawn for high-resolution screens, the handler of the URL
+// scheme, and the updater's feed and signing key with automatic checks on.
 plist::Dictionary infoPlist(const BundleFacts& facts);
 
 }  // namespace vornix::macos_bundle

@@ -1,6 +1,7 @@
-// vornix-info-plist OUTPUT EXECUTABLE URL_SCHEME: writes the application bundle's Info.plist,
-// at build time, with the project's own property-list writer. The version and the update feed
-// come from where the host itself takes them, so the bundle cannot disagree with the program.
+// vornix-info-plist OUTPUT EXECUTABLE URL_SCHEME MINIMUM_SYSTEM: writes the application bundle's
+// Info.plist, at build time, with the project's own property-list writer. The version, the update
+// feed and its signing key come from where the host itself takes them, so the bundle cannot disagree
+// with the program; the lowest system is the build's deployment target.
 #include <exception>
 #include <fstream>
 #include <iostream>
@@ -12,8 +13,8 @@
 #include "plist/XmlWriter.hpp"
 
 int main(int argc, char** argv) {
-    if (argc != 4) {
-        std::cerr << "usage: vornix-info-plist OUTPUT EXECUTABLE URL_SCHEME\n";
+    if (argc != 5) {
+        std::cerr << "usage: vornix-info-plist OUTPUT EXECUTABLE URL_SCHEME MINIMUM_SYSTEM\n";
         return 2;
     }
     const std::string output = argv[1];
@@ -21,7 +22,9 @@ int main(int argc, char** argv) {
         .executable = argv[2],
         .version = std::string(vornix::base::hostVersion()),
         .urlScheme = argv[3],
+        .minimumSystemVersion = argv[4],
         .updateFeed = vornix::host::WebEndpoints{}.updateFeed,
+        .updatePublicKey = vornix::host::WebEndpoints{}.updatePublicKey,
     };
     std::string bytes;
     try {

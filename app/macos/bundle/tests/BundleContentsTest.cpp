@@ -26,7 +26,9 @@ TEST(BundleContents, InfoPlistHoldsExactlyTheApplicationsKeysForThisBuild) {
                                                .executable = "Vornix OS",
                                                .version = std::string(base::hostVersion()),
                                                .urlScheme = VORNIX_URL_SCHEME,
+                                               .minimumSystemVersion = VORNIX_MACOS_DEPLOYMENT_TARGET,
                                                .updateFeed = host::WebEndpoints{}.updateFeed,
+                                               .updatePublicKey = host::WebEndpoints{}.updatePublicKey,
                                            });
 }
 

@@ -27,7 +27,7 @@ void expectInfoPlistFor(const plist::Dictionary& info, const BundleFacts& facts)
                         "CFBundleDisplayName", "CFBundleExecutable", "CFBundleIdentifier", "CFBundleName",
                         "CFBundlePackageType", "CFBundleShortVersionString", "CFBundleURLTypes",
                         "CFBundleVersion", "LSMinimumSystemVersion", "LSUIElement", "NSHighResolutionCapable",
-                        "NSPrincipalClass", "SUEnableAutomaticChecks", "SUFeedURL"}));
+                        "NSPrincipalClass", "SUEnableAutomaticChecks", "SUFeedURL", "SUPublicEDKey"}));
 
     expectKey(info, "CFBundleIdentifier", "com.vornix.os");
     expectKey(info, "CFBundleName", "Vornix OS");
@@ -36,11 +36,12 @@ void expectInfoPlistFor(const plist::Dictionary& info, const BundleFacts& facts)
     expectKey(info, "CFBundlePackageType", "APPL");
     expectKey(info, "CFBundleShortVersionString", facts.version);
     expectKey(info, "CFBundleVersion", facts.version);
-    expectKey(info, "LSMinimumSystemVersion", "10.14");
+    expectKey(info, "LSMinimumSystemVersion", facts.minimumSystemVersion);
     expectKey(info, "LSUIElement", true);
     expectKey(info, "NSPrincipalClass", "NSApplication");
     expectKey(info, "NSHighResolutionCapable", true);
     expectKey(info, "SUFeedURL", facts.updateFeed);
+    expectKey(info, "SUPublicEDKey", facts.updatePublicKey);
     expectKey(info, "SUEnableAutomaticChecks", true);
 
     const plist::Value* types = info.find("CFBundleURLTypes");

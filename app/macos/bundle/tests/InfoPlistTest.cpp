@@ -13,7 +13,9 @@ const BundleFacts someFacts{
     .executable = "Some Executable",
     .version = "9.8.7",
     .urlScheme = "some-scheme",
+    .minimumSystemVersion = "10.15",
     .updateFeed = "https://feed.example/appcast.xml",
+    .updatePublicKey = "c29tZSBwdWJsaWMga2V5IG9mIDMyIGJ5dGVzIG9ubHk=",
 };
 
 TEST(InfoPlist, HoldsExactlyTheApplicationsKeysWithTheBuildsFacts) {
@@ -25,7 +27,9 @@ TEST(InfoPlist, TakesEachFactFromTheBuild) {
     other.executable = "Other";
     other.version = "1.2.3";
     other.urlScheme = "other-scheme";
+    other.minimumSystemVersion = "11.0";
     other.updateFeed = "https://other.example/feed.xml";
+    other.updatePublicKey = "b3RoZXIga2V5";
     tests::expectInfoPlistFor(infoPlist(other), other);
 }
 

@@ -1,15 +1,17 @@
 #!/usr/bin/env python3
 """Checks the application bundle's contents made without a Mac, read with Python's plistlib.
 
-    check_bundle.py CONTENTS --version V --url-scheme S --web-endpoints host/WebEndpoints.hpp \
-        --tray-drawing app/resources/TrayIcon.svg
+    check_bundle.py CONTENTS --version V --url-scheme S --minimum-system M \
+        --web-endpoints host/WebEndpoints.hpp --tray-drawing app/resources/TrayIcon.svg
 
 Contents holds exactly Info.plist and Resources; Info.plist has exactly the application's keys
-with this build's values; Resources holds "TrayIcon" as a template image (black, the shape in
+with this build's values, the updater's public key being an Ed25519 key (32 bytes in base64); Resources holds "TrayIcon" as a template image (black, the shape in
 the alpha channel only, the same shape as the Linux tray icon's drawing) at 1x and 2x, and the
 application icon as a well-formed .icns file.
 """
 import argparse
+import base64
+import binascii
 import pathlib
 import plistlib
 import re
@@ -78,8 +80,16 @@ def alpha_channel(rows):
 def check_info_plist(contents, args):
     with open(contents / 'Info.plist', 'rb') as file:
         info = plistlib.load(file)
-    feed = re.search(r'updateFeed = "([^"]+)";', args.web_endpoints.read_text())
+    endpoints = args.web_endpoints.read_text()
+    feed = re.search(r'updateFeed = "([^"]+)";', endpoints)
     expect(feed is not None, 'no update feed in the web endpoints header')
+    key = re.search(r'updatePublicKey = "([^"]+)";', endpoints)
+    expect(key is not None, 'no update key in the web endpoints header')
+    try:
+        key_bytes = base64.b64decode(key.group(1), validate=True) if key else b''
+    except binascii.Error:
+        key_bytes = b''
+    expect(len(key_bytes) == 32, 'the update key is not 32 bytes in base64')
     expected = {
         'CFBundleIdentifier': 'com.vornix.os',
         'CFBundleName': 'Vornix OS',
@@ -88,12 +98,13 @@ def check_info_plist(contents, args):
         'CFBundlePackageType': 'APPL',
         'CFBundleShortVersionString': args.version,
         'CFBundleVersion': args.version,
-        'LSMinimumSystemVersion': '10.14',
+        'LSMinimumSystemVersion': args.minimum_system,
         'LSUIElement': True,
         'NSPrincipalClass': 'NSApplication',
         'NSHighResolutionCapable': True,
         'CFBundleURLTypes': [{'CFBundleURLName': 'com.vornix.os', 'CFBundleURLSchemes': [args.url_scheme]}],
         'SUFeedURL': feed.group(1) if feed else None,
+        'SUPublicEDKey': key.group(1) if key else None,
         'SUEnableAutomaticChecks': True,
     }
     expect(sorted(info) == sorted(expected), f'Info.plist keys are {sorted(info)}')
@@ -139,6 +150,7 @@ def main():
     parser.add_argument('contents', type=pathlib.Path)
     parser.add_argument('--version', required=True)
     parser.add_argument('--url-scheme', required=True)
+    parser.add_argument('--minimum-system', required=True)
     parser.add_argument('--web-endpoints', type=pathlib.Path, required=True)
     parser.add_argument('--tray-drawing', type=pathlib.Path, required=True)
     args = parser.parse_args()
