@@ -5,5 +5,7 @@
 #include <stdint.h>
 
 typedef uint8_t UInt8;
+typedef int16_t SInt16;
+typedef int32_t SInt32;
 typedef uint32_t UInt32;
 typedef UInt32 FourCharCode;

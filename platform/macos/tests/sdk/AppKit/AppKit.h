@@ -63,6 +63,10 @@ typedef NS_ENUM(NSUInteger, NSRectEdge) {
 @interface NSEvent : NSObject <NSCopying>
 @end
 
+typedef NS_OPTIONS(unsigned long long, NSEventMask) {
+    NSEventMaskAny = NSUIntegerMax,
+};
+
 @interface NSResponder : NSObject <NSCoding>
 - (void)mouseEntered:(NSEvent*)event;
 - (void)mouseExited:(NSEvent*)event;
@@ -211,6 +215,7 @@ typedef NS_ENUM(NSInteger, NSTextAlignment) {
 @property(nullable, strong) NSImage* image;
 @property(getter=isBordered) BOOL bordered;
 @property NSControlStateValue state;
+- (void)performClick:(nullable id)sender;
 @end
 
 API_AVAILABLE(macos(10.15))
@@ -264,6 +269,8 @@ typedef NS_ENUM(NSInteger, NSStackViewDistribution) {
 typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
     NSWindowStyleMaskBorderless = 0,
     NSWindowStyleMaskTitled = 1 << 0,
+    NSWindowStyleMaskClosable = 1 << 1,
+    NSWindowStyleMaskMiniaturizable = 1 << 2,
     NSWindowStyleMaskResizable = 1 << 3,
     NSWindowStyleMaskFullSizeContentView API_AVAILABLE(macos(10.10)) = 1 << 15,
 };
@@ -306,6 +313,8 @@ typedef NS_ENUM(NSUInteger, NSWindowButton) {
 - (void)setIsVisible:(BOOL)flag;
 @property(readonly) BOOL canBecomeKeyWindow;
 - (void)makeKeyAndOrderFront:(nullable id)sender;
+- (void)orderFront:(nullable id)sender;
+- (void)orderOut:(nullable id)sender;
 - (void)makeKeyWindow;
 - (void)orderWindow:(NSWindowOrderingMode)place relativeTo:(NSInteger)otherWin;
 @property(getter=isZoomed, readonly) BOOL zoomed;
@@ -345,8 +354,21 @@ typedef NS_ENUM(NSUInteger, NSWindowButton) {
 - (BOOL)applicationShouldTerminateAfterLastWindowClosed:(NSApplication*)sender;
 @end
 
+typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
+    NSApplicationActivationPolicyRegular,
+    NSApplicationActivationPolicyAccessory,
+    NSApplicationActivationPolicyProhibited
+};
+
 @interface NSApplication : NSResponder
 @property(class, readonly, strong) __kindof NSApplication* sharedApplication;
+- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy API_AVAILABLE(macos(10.6));
+- (void)finishLaunching;
+- (nullable NSEvent*)nextEventMatchingMask:(NSEventMask)mask
+                                 untilDate:(nullable NSDate*)expiration
+                                    inMode:(NSRunLoopMode)mode
+                                   dequeue:(BOOL)deqFlag;
+- (void)sendEvent:(NSEvent*)event;
 @property(nullable, weak) id<NSApplicationDelegate> delegate;
 @property(readonly, copy) NSArray<NSWindow*>* windows;
 - (void)terminate:(nullable id)sender;

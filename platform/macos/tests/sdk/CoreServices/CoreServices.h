@@ -7,6 +7,15 @@
 typedef FourCharCode AEEventClass;
 typedef FourCharCode AEEventID;
 typedef FourCharCode AEKeyword;
+typedef SInt16 AEReturnID;
+typedef SInt32 AETransactionID;
+
+enum {
+    kAutoGenerateReturnID = -1,
+};
+enum {
+    kAnyTransactionID = 0,
+};
 
 // '----', the direct object of an event (written as its value: the four characters, big-endian).
 enum {

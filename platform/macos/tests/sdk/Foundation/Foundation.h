@@ -106,7 +106,11 @@ typedef struct {
 @end
 
 @interface NSDate : NSObject <NSCopying>
++ (instancetype)dateWithTimeIntervalSinceNow:(NSTimeInterval)secs;
 @end
+
+typedef NSString* NSRunLoopMode;
+FOUNDATION_EXPORT NSRunLoopMode const NSDefaultRunLoopMode;
 
 @interface NSError : NSObject <NSCopying>
 @end
@@ -176,8 +180,33 @@ typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) {
 - (NSArray<NSURL*>*)URLsForDirectory:(NSSearchPathDirectory)directory inDomains:(NSSearchPathDomainMask)domainMask;
 @end
 
+typedef NS_OPTIONS(NSUInteger, NSAppleEventSendOptions) {
+    NSAppleEventSendNoReply = 0x00000001,
+    NSAppleEventSendQueueReply = 0x00000002,
+    NSAppleEventSendWaitForReply = 0x00000003,
+    NSAppleEventSendNeverInteract = 0x00000010,
+    NSAppleEventSendCanInteract = 0x00000020,
+    NSAppleEventSendAlwaysInteract = 0x00000030,
+    NSAppleEventSendCanSwitchLayer = 0x00000040,
+    NSAppleEventSendDontRecord = 0x00001000,
+    NSAppleEventSendDontExecute = 0x00002000,
+    NSAppleEventSendDontAnnotate = 0x00010000,
+    NSAppleEventSendDefaultOptions = NSAppleEventSendWaitForReply | NSAppleEventSendCanInteract
+} API_AVAILABLE(macos(10.11));
+
 @interface NSAppleEventDescriptor : NSObject <NSCopying>
++ (NSAppleEventDescriptor*)descriptorWithString:(NSString*)string;
++ (NSAppleEventDescriptor*)currentProcessDescriptor API_AVAILABLE(macos(10.11));
++ (NSAppleEventDescriptor*)appleEventWithEventClass:(AEEventClass)eventClass
+                                            eventID:(AEEventID)eventID
+                                   targetDescriptor:(nullable NSAppleEventDescriptor*)targetDescriptor
+                                           returnID:(AEReturnID)returnID
+                                      transactionID:(AETransactionID)transactionID;
 - (nullable NSAppleEventDescriptor*)paramDescriptorForKeyword:(AEKeyword)keyword;
+- (void)setParamDescriptor:(NSAppleEventDescriptor*)descriptor forKeyword:(AEKeyword)keyword;
+- (nullable NSAppleEventDescriptor*)sendEventWithOptions:(NSAppleEventSendOptions)sendOptions
+                                                 timeout:(NSTimeInterval)timeoutInSeconds
+                                                   error:(NSError**)error API_AVAILABLE(macos(10.11));
 @property(nullable, readonly, copy) NSString* stringValue;
 @end
 

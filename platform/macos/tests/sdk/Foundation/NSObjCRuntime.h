@@ -2,6 +2,7 @@
 // the annotation macros that Foundation, AppKit and the engine's and updater's headers use.
 #pragma once
 
+#include <limits.h>
 #include <stdbool.h>
 #include <stddef.h>
 #include <stdint.h>
@@ -58,6 +59,7 @@
 
 typedef long NSInteger;
 typedef unsigned long NSUInteger;
+#define NSUIntegerMax ULONG_MAX
 typedef double NSTimeInterval;
 
 typedef NS_ENUM(NSInteger, NSComparisonResult) {
