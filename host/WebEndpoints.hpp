@@ -4,8 +4,8 @@
 
 namespace vornix::host {
 
-// The web addresses the host opens, in one place. The defaults are the product's; other values
-// serve tests and staging builds.
+// The web addresses the host opens, and the key that vouches for what its update feed offers, in
+// one place. The defaults are the product's; other values serve tests and staging builds.
 struct WebEndpoints {
     // The update site's root, opened after an update has relaunched the application.
     std::string releaseNotesSite = "https://updates.vornix.com";
