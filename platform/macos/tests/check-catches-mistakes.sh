@@ -1,11 +1,12 @@
 #!/bin/sh
 # Shows that the syntax check of the macOS build fails on a mistake: real files pass it, and the
 # same files with a misspelt selector, an argument of the wrong type, a misspelt plug-in module or
-# a plug-in whose module is not imported do not; nor do, for a system older than the one they
-# need, API newer than it used outside its @available check, posix_spawn's change of folder
-# (Darwin's C library has it from macOS 10.15) and std::filesystem (Apple's C++ library has it
-# from 10.15); nor a standard algorithm that Apple's C++ library does not have. The plug-in
-# mistakes show that the plug-in classes are declared by their modules and nowhere else.
+# a plug-in whose module is not imported do not; nor, for a system older than the one they need,
+# API newer than it used outside its @available check, posix_spawn's change of folder (Darwin's C
+# library has it from macOS 10.15) and std::filesystem (Apple's C++ library has it from 10.15);
+# nor a standard algorithm or the floating-point to_chars and from_chars, which Apple's C++
+# library does not have at the deployment target. The plug-in mistakes show that the plug-in
+# classes are declared by their modules and nowhere else.
 #
 #   check-catches-mistakes.sh CHECK COMPILER TARGET KIT DECLARATIONS PLUGINS SOURCE_ROOT
 set -u
@@ -27,6 +28,7 @@ registrant=$sourceRoot/platform/macos/GeneratedPluginRegistrant.m
 spawn=$sourceRoot/platform/Spawn.cpp
 values=$sourceRoot/engine/EncodableValue.cpp
 paths=$sourceRoot/platform/Paths.cpp
+numberText=$sourceRoot/plist/NumberText.cpp
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -39,7 +41,7 @@ run() {
         >"$work/output" 2>&1
 }
 
-run "$target" "$alerts" "$popoverView" "$registrant" "$spawn" "$values" "$paths"
+run "$target" "$alerts" "$popoverView" "$registrant" "$spawn" "$values" "$paths" "$numberText"
 status=$?
 if [ $status -eq 77 ]; then
     cat "$work/output"
@@ -115,3 +117,29 @@ CODE
 run "$olderTarget" "$work/FilesystemBeforeMacos10_15.cpp"
 status=$?
 refused filesystem-before-macos-10.15 "'is_directory' is unavailable: introduced in macOS 10.15"
+
+# Apple's library has no floating-point from_chars and marks the floating-point to_chars for a
+# system later than every target (base/RealText does both instead); a double given to from_chars
+# reaches only the deleted overload for bool.
+cp "$numberText" "$work/FloatingToChars.cpp"
+cat >>"$work/FloatingToChars.cpp" <<'CODE'
+std::string plantedText(double value) {
+    char text[32];
+    return std::string(text, std::to_chars(text, text + sizeof text, value).ptr);
+}
+CODE
+run "$target" "$work/FloatingToChars.cpp"
+status=$?
+refused floating-point-to-chars "'to_chars' is unavailable"
+
+cp "$numberText" "$work/FloatingFromChars.cpp"
+cat >>"$work/FloatingFromChars.cpp" <<'CODE'
+double plantedReading(std::string_view text) {
+    double value = 0;
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
+}
+CODE
+run "$target" "$work/FloatingFromChars.cpp"
+status=$?
+refused floating-point-from-chars "call to deleted function 'from_chars'"

@@ -56,6 +56,11 @@ if [ -z "$libcxx" ]; then
     echo "SKIPPED: $compiler has no LLVM C++ library (libc++-16-dev); the macOS build is not checked"
     exit 77
 fi
+# Xcode 15's library is LLVM's 16; another release has other parts and other markings.
+if ! grep -qE '^#[[:space:]]*define _LIBCPP_VERSION 16[0-9]{4}$' "$libcxx/__config"; then
+    echo "SKIPPED: the C++ library in $libcxx is not LLVM 16's; the macOS build is not checked"
+    exit 77
+fi
 # The library's own build settings are this project's, Apple's (see libcxx/__config_site), found
 # before the Debian build's.
 cxxSearch="-isystem$here/libcxx
