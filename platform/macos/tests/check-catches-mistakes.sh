@@ -97,7 +97,8 @@ mutate "$target" "$registrant" misspelt-plugin-module 's/^@import menubar;$/@imp
 mutate "$target" "$registrant" plugin-module-not-imported '/^@import system_tray;$/d' \
     "use of undeclared identifier 'SystemTrayPlugin'"
 mutate "$target" "$values" algorithm-apple-lacks \
-    's/return compareElementwise(a, b, \*this);/return std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(), b.end(), *this);/' \
+    's/return compareElementwise(a, b, \*this);/return std::lexicographical_compare_three_way(a.begin(), a.end(),\
+                b.begin(), b.end(), *this);/' \
     "no member named 'lexicographical_compare_three_way' in namespace 'std'"
 
 if ! grep -q 'posix_spawn_file_actions_addchdir_np' "$spawn"; then

@@ -150,7 +150,8 @@ while IFS= read -r line; do
 done <"$list"
 echo "checked $checked of $listed C++, Objective-C and Objective-C++ files for macOS $target"
 if [ $failed -eq 0 ] && [ $haveKit -eq 0 ]; then
-    echo "SKIPPED: the macOS kit is not at $kit (set VORNIX_MACOS_KIT); the Objective-C and Objective-C++ files are not checked"
+    echo "SKIPPED: the macOS kit is not at $kit (set VORNIX_MACOS_KIT);" \
+        "the Objective-C and Objective-C++ files are not checked"
     exit 77
 fi
 exit $failed
