@@ -20,10 +20,22 @@ std::strong_ordering compareNumbers(T a, T b) {
     return a <=> b;
 }
 
+// Sequences order by their first elements that differ; a sequence that begins another orders
+// before it. Written out because the standard algorithm for it is missing from Apple's library.
+template <class T, class Compare>
+std::strong_ordering compareElementwise(const std::vector<T>& a, const std::vector<T>& b, Compare compare) {
+    const std::size_t common = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < common; ++i) {
+        if (const std::strong_ordering order = compare(a[i], b[i]); order != 0) {
+            return order;
+        }
+    }
+    return a.size() <=> b.size();
+}
+
 template <class T>
 std::strong_ordering compareSequences(const std::vector<T>& a, const std::vector<T>& b) {
-    return std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(), b.end(),
-                                                  [](const T& x, const T& y) { return compareNumbers(x, y); });
+    return compareElementwise(a, b, [](const T& x, const T& y) { return compareNumbers(x, y); });
 }
 
 }  // namespace
@@ -78,7 +90,7 @@ private:
     }
     std::strong_ordering contents(const std::string& a, const std::string& b) const { return a.compare(b) <=> 0; }
     std::strong_ordering contents(const EncodableList& a, const EncodableList& b) const {
-        return std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(), b.end(), *this);
+        return compareElementwise(a, b, *this);
     }
     std::strong_ordering contents(const EncodableMap& a, const EncodableMap& b) const { return (*this)(a, b); }
     template <class T>

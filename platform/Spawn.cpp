@@ -96,6 +96,7 @@ pid_t spawnChild(const Invocation& invocation, StandardStreams streams, const Ch
 #elif defined(__GLIBC__) && (__GLIBC__ > 2 || (__GLIBC__ == 2 && __GLIBC_MINOR__ >= 34))
     check(::posix_spawn_file_actions_addclosefrom_np(actions.get(), 3), invocation);
 #endif
+    // Darwin has it from macOS 10.15, which is the oldest system the application supports.
     if (settings.workingDirectory) {
         check(::posix_spawn_file_actions_addchdir_np(actions.get(), settings.workingDirectory->c_str()), invocation);
     }

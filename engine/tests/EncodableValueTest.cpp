@@ -56,6 +56,15 @@ TEST(EncodableValue, OrderIsByKindThenContent) {
     EXPECT_LT(EncodableValue(EncodableList{1}), EncodableValue(EncodableList{1, 2}));
 }
 
+TEST(EncodableValue, SequencesOrderByTheirFirstDifferentElementThenByLength) {
+    EXPECT_LT(EncodableValue(EncodableList{1, 9}), EncodableValue(EncodableList{2}));
+    EXPECT_GT(EncodableValue(EncodableList{1, 0}), EncodableValue(EncodableList{1}));
+    EXPECT_EQ(EncodableValue(EncodableList{1, "a"}), EncodableValue(EncodableList{1, "a"}));
+    EXPECT_LT(EncodableValue(std::vector<std::int32_t>{1, 9}), EncodableValue(std::vector<std::int32_t>{2}));
+    EXPECT_GT(EncodableValue(std::vector<double>{-0.0}), EncodableValue(std::vector<double>{0.0, 1.0}));
+    EXPECT_LT(EncodableValue(std::vector<std::uint8_t>{}), EncodableValue(std::vector<std::uint8_t>{0}));
+}
+
 TEST(EncodableMap, KeepsInsertionOrder) {
     EncodableMap map;
     map.set("b", 1);
