@@ -7,8 +7,22 @@
 
 namespace vornix::platform::linux {
 
+namespace {
+
+// GTK names every window of the process after the program: its Wayland app_id is the program's
+// name, its X11 WM_CLASS the program's name and class. Desktops match windows to the desktop entry
+// of that name, so the program takes the application's id, before GApplication names it after the
+// executable.
+const std::string& announcedAs(const std::string& applicationId) {
+    g_set_prgname(applicationId.c_str());
+    gdk_set_program_class(applicationId.c_str());
+    return applicationId;
+}
+
+}  // namespace
+
 HostApplication::HostApplication(const std::string& applicationId, Handlers handlers)
-    : application_(gtk_application_new(applicationId.c_str(), G_APPLICATION_HANDLES_COMMAND_LINE)),
+    : application_(gtk_application_new(announcedAs(applicationId).c_str(), G_APPLICATION_HANDLES_COMMAND_LINE)),
       handlers_(std::move(handlers)) {
     g_signal_connect(application_, "command-line", G_CALLBACK(onCommandLine), this);
     g_signal_connect(application_, "shutdown", G_CALLBACK(onShutdown), this);
