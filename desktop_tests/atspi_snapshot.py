@@ -25,6 +25,7 @@ def describe(node):
         'showing': states.contains(Atspi.StateType.SHOWING),
         'active': states.contains(Atspi.StateType.ACTIVE),
         'checked': states.contains(Atspi.StateType.CHECKED),
+        'enabled': states.contains(Atspi.StateType.SENSITIVE),
         'extents': [box.x, box.y, box.width, box.height],
         'children': [],
     }

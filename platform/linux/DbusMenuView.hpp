@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include <libdbusmenu-glib/client.h>
 #include <libdbusmenu-glib/menuitem.h>
 #include <libdbusmenu-glib/server.h>
 

@@ -15,8 +15,13 @@ namespace {
 // executable.
 const std::string& announcedAs(const std::string& applicationId) {
     g_set_prgname(applicationId.c_str());
-    gdk_set_program_class(applicationId.c_str());
     return applicationId;
+}
+
+// GTK's start-up makes the class the program's name with a capital initial; the class is the id
+// itself, as the desktop entry's StartupWMClass says.
+void onStartup(GApplication* application, gpointer) {
+    gdk_set_program_class(g_application_get_application_id(application));
 }
 
 }  // namespace
@@ -24,6 +29,7 @@ const std::string& announcedAs(const std::string& applicationId) {
 HostApplication::HostApplication(const std::string& applicationId, Handlers handlers)
     : application_(gtk_application_new(announcedAs(applicationId).c_str(), G_APPLICATION_HANDLES_COMMAND_LINE)),
       handlers_(std::move(handlers)) {
+    g_signal_connect_after(application_, "startup", G_CALLBACK(onStartup), nullptr);
     g_signal_connect(application_, "command-line", G_CALLBACK(onCommandLine), this);
     g_signal_connect(application_, "shutdown", G_CALLBACK(onShutdown), this);
     g_signal_connect(application_, "window-removed", G_CALLBACK(onWindowRemoved), this);

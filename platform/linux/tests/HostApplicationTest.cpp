@@ -8,15 +8,14 @@
 namespace vornix::platform::linux {
 namespace {
 
-// GTK takes a window's Wayland app_id and X11 WM_CLASS from the program's name and class: the
-// application names both after its id, so desktops match its windows to its desktop entry.
+// GTK takes a window's Wayland app_id and X11 WM_CLASS from the program's name: the application
+// names the program after its id, so desktops match its windows to its desktop entry. (The class,
+// set once GTK has started, is seen by the desktop test of the windows' WM_CLASS.)
 TEST(HostApplicationTest, TheProgramIsNamedAfterTheApplicationIdForItsWindows) {
     EXPECT_EXIT(
         {
             HostApplication application("com.example.announced", {});
-            const bool named = std::string(g_get_prgname()) == "com.example.announced" &&
-                               std::string(gdk_get_program_class()) == "com.example.announced";
-            std::exit(named ? 0 : 1);
+            std::exit(std::string(g_get_prgname()) == "com.example.announced" ? 0 : 1);
         },
         testing::ExitedWithCode(0), "");
 }
