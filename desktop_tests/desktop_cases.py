@@ -499,7 +499,36 @@ def the_tray_item_carries_what_the_panels_read(desktop, host):
         pixels = [(argb[i], tuple(argb[i + 1:i + 4])) for i in range(0, len(argb), 4)]
         assert any(alpha == 255 and min(rgb) >= 200 for alpha, rgb in pixels), f'nothing light at {width}'
         assert any(alpha >= 128 and max(rgb) <= 80 for alpha, rgb in pixels), f'no dark edge at {width}'
+    _save_icon_on_panels(desktop, pixmaps)
     session.close()
+
+
+PANEL_SHADES = [0x000000, 0x2d2d2d, 0x31363b, 0xdcdcdc, 0xeff0f1, 0xffffff]
+
+
+def _save_icon_on_panels(desktop, pixmaps):
+    """Keeps, as an artifact, the item's pixels at each size on panels of dark and light shades
+    (GNOME's and waybar's dark bars, Breeze Dark, Xfce's and Breeze's light ones), four times
+    enlarged."""
+    import gi
+    gi.require_version('GdkPixbuf', '2.0')
+    from gi.repository import GdkPixbuf
+    scale, margin = 4, 8
+    cell = 48 * scale + 2 * margin
+    sheet = GdkPixbuf.Pixbuf.new(GdkPixbuf.Colorspace.RGB, False, 8, cell * len(PANEL_SHADES), cell * len(pixmaps))
+    for row, (width, height, argb) in enumerate(sorted(pixmaps)):
+        rgba = bytearray()
+        for i in range(0, len(argb), 4):
+            rgba += bytes(argb[i + 1:i + 4]) + bytes(argb[i:i + 1])
+        icon = GdkPixbuf.Pixbuf.new_from_bytes(GLib.Bytes.new(bytes(rgba)), GdkPixbuf.Colorspace.RGB, True, 8,
+                                               width, height, width * 4)
+        for column, shade in enumerate(PANEL_SHADES):
+            panel = GdkPixbuf.Pixbuf.new(GdkPixbuf.Colorspace.RGB, False, 8, cell, cell)
+            panel.fill(shade << 8 | 0xff)
+            icon.composite(panel, margin, margin, width * scale, height * scale, margin, margin, scale, scale,
+                           GdkPixbuf.InterpType.NEAREST, 255)
+            panel.copy_area(0, 0, cell, cell, sheet, column * cell, row * cell)
+    sheet.savev(os.path.join(desktop.artifacts, f'{desktop.name}-icon-on-panels.png'), 'png', [], [])
 
 
 def the_menu_holds_the_popovers_rows_and_does_what_they_do(desktop, host):
