@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <gio/gio.h>
+
 namespace vornix::platform::linux {
 
 namespace {
@@ -33,7 +35,13 @@ bool sameShape(const std::vector<MenuItem>& a, const std::vector<MenuItem>& b) {
 
 }  // namespace
 
-DbusMenuView::DbusMenuView() : server_(dbusmenu_server_new(objectPath)) {}
+DbusMenuView::DbusMenuView() {
+    // Without a session bus no panel can read the menu: there is nothing to export it on.
+    if (GDBusConnection* bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr)) {
+        server_ = dbusmenu_server_new(objectPath);
+        g_object_unref(bus);
+    }
+}
 
 DbusMenuView::~DbusMenuView() {
     if (deliverySource_) {
@@ -44,6 +52,9 @@ DbusMenuView::~DbusMenuView() {
 }
 
 void DbusMenuView::render(const std::vector<MenuItem>& items) {
+    if (!server_) {
+        return;
+    }
     if (!root_ || !sameShape(items, shown_)) {
         rebuild(items);
         return;
