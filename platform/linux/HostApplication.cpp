@@ -39,6 +39,9 @@ HostApplication::~HostApplication() {
     for (const guint source : signalSources_) {
         g_source_remove(source);
     }
+    // A window that outlives this object still leaves the application when it is destroyed, later
+    // in the process's end: nobody is here to be told then.
+    g_signal_handlers_disconnect_by_data(application_, this);
     g_object_unref(application_);
 }
 
