@@ -9,9 +9,10 @@ namespace {
 // The size panels draw tray icons at.
 constexpr double iconSize = 22.0;
 
-// The icon by name in the icon theme: a symbolic icon, which the panels that draw such icons in
-// their own text colour (GNOME Shell, KDE Plasma) recolour; the others show its own light glyph
-// with a dark edge, legible on dark and light panels alike.
+// The icon by name in the icon theme: a symbolic icon, which GNOME Shell fills with the panel's
+// text colour and KDE Plasma colours with its colour scheme (the drawing's colour-scheme classes);
+// the other panels show it as drawn, a light glyph with a dark edge, legible on dark and light
+// panels alike.
 constexpr std::string_view themedIconName = "com.vornix.os-symbolic";
 
 }  // namespace
