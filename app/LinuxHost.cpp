@@ -112,6 +112,9 @@ std::shared_ptr<MainWindow> loadMainWindow(gtk::HostApplication& host) {
     return window;
 }
 
+// The application's id: its D-Bus name, its desktop entry's name and what its windows announce.
+constexpr const char* applicationId = "com.vornix.os";
+
 HostOptions optionsOf(const std::vector<std::string>& arguments) {
     try {
         return parseCommandLine(arguments);
@@ -128,7 +131,7 @@ LinuxHost::LinuxHost() = default;
 LinuxHost::~LinuxHost() = default;
 
 int LinuxHost::run(int argc, char** argv) {
-    gtk::HostApplication application("com.vornix.os", {
+    gtk::HostApplication application(applicationId, {
                                                           [this](const auto& arguments) { launched(arguments); },
                                                           [this](const auto& arguments) { relaunched(arguments); },
                                                           [this] { terminating(); },
@@ -153,6 +156,8 @@ void LinuxHost::launched(const std::vector<std::string>& arguments) {
     makeLaunchAgentsFolder(services.directories);
     startInstalledHostAtLogin();
 
+    // Without a socket for it, no engine ever comes: the popover's commands go by that.
+    services.embedding.setHasEngine(options.engineSocket.has_value());
     if (options.engineSocket) {
         try {
             services.engineSocket =

@@ -43,8 +43,14 @@ public:
 
     std::shared_ptr<engine::FlutterViewController> makeViewController() override;
 
+    // An engine comes only through a socket the host was told to open; without one nobody ever
+    // connects to the bridge.
+    bool hasEngine() const override { return hasEngine_; }
+    void setHasEngine(bool hasEngine) { hasEngine_ = hasEngine; }
+
 private:
     EngineBridge& bridge_;
+    bool hasEngine_ = false;
 };
 
 }  // namespace vornix::bridge

@@ -20,7 +20,7 @@ def windows():
 
 def host_is_running():
     result = subprocess.run([sys.executable, SNAPSHOT, '--applications'], capture_output=True, timeout=30)
-    return 'vornix-host' in json.loads(result.stdout or b'[]')
+    return 'com.vornix.os' in json.loads(result.stdout or b'[]')
 
 
 def showing_windows():

@@ -12,7 +12,8 @@ import gi
 gi.require_version('Atspi', '2.0')
 from gi.repository import Atspi  # noqa: E402
 
-HOST_NAMES = ('vornix-host', 'Vornix OS')
+# The host names itself after its application id.
+HOST_NAMES = ('com.vornix.os', 'Vornix OS')
 
 
 def describe(node):
@@ -24,6 +25,7 @@ def describe(node):
         'showing': states.contains(Atspi.StateType.SHOWING),
         'active': states.contains(Atspi.StateType.ACTIVE),
         'checked': states.contains(Atspi.StateType.CHECKED),
+        'enabled': states.contains(Atspi.StateType.SENSITIVE),
         'extents': [box.x, box.y, box.width, box.height],
         'children': [],
     }

@@ -9,6 +9,8 @@ import subprocess
 import threading
 import time
 
+from gi.repository import GLib
+
 import accessibility as a11y
 import harness
 from harness import wait_until
@@ -28,13 +30,14 @@ ROWS_SIGNED_OUT = [
 
 
 class Session:
-    """The host started with a tray and a test engine, its popover not yet open."""
+    """The host started with a tray and a test engine (or with no engine at all), its popover not
+    yet open."""
 
-    def __init__(self, desktop, host, tray=True):
+    def __init__(self, desktop, host, tray=True, engine=True):
         self.desktop = desktop
         self.tray = TrayWatcher() if tray else None
-        desktop.start_host(host)
-        self.engine = TestEngine(desktop.engine_socket)
+        desktop.start_host(host, engine=engine)
+        self.engine = TestEngine(desktop.engine_socket) if engine else None
         desktop.wait_for_host_line('finished launching')
         if self.tray:
             self.tray.wait_for_item()
@@ -52,14 +55,15 @@ class Session:
     def close(self):
         if self.tray:
             self.tray.stop()
-        self.engine.close()
+        if self.engine:
+            self.engine.close()
 
 
 def popover_shows_the_exact_rows_before_any_report(desktop, host):
     session = Session(desktop, host)
     assert a11y.host_is_running(), 'the host is not on the accessibility bus'
     assert a11y.showing_windows() == [], 'a window shows before the popover is opened'
-    assert session.tray.item_property('IconName') == 'TrayIcon'
+    assert session.tray.item_property('IconName') == 'com.vornix.os-symbolic'
     assert session.tray.item_property('IconPixmap'), 'the tray item has no pixels to show'
     popover = session.open_popover()
     assert a11y.popover_rows() == ROWS_SIGNED_OUT, a11y.popover_rows()
@@ -454,3 +458,158 @@ def the_network_libraries_are_loaded_by_the_first_update_check_not_at_start(desk
     assert any('/libcurl.so' in path for path in loaded), loaded
     session.close()
     feed.close()
+
+
+MENU_SIGNED_OUT = [
+    ('disabled', 'Vornix OS'), ('check', 'Launch on Login', 0), '---',
+    ('disabled', 'Account'), 'Sign In...', '---',
+    ('disabled', 'Version: 0.0.0'), ('disabled', 'Port: '), '---',
+    'Launch Vornix for Developers', 'Discover Integrations', 'About', 'Get Help', 'Submit Feedback or Issues',
+    'Check for Updates...', 'Quit',
+]
+ENGINE_COMMANDS = ['Sign In...', 'Discover Integrations', 'About', 'Get Help', 'Submit Feedback or Issues']
+
+
+def the_tray_item_carries_what_the_panels_read(desktop, host):
+    session = Session(desktop, host)
+    item = session.tray.item_property
+    assert item('Id') == 'com.vornix.os', item('Id')
+    assert item('Category') == 'ApplicationStatus'
+    assert item('Status') == 'Active'
+    assert item('Title') == 'Vornix OS'
+    assert item('ItemIsMenu') is False, 'a left click would open the menu, not the popover'
+    assert item('Menu') == '/MenuBar', item('Menu')
+    assert item('WindowId') == 0
+    assert item('ToolTip')[2] == 'Vornix OS', item('ToolTip')
+    for name in ('AttentionIconName', 'OverlayIconName', 'AttentionMovieName'):
+        assert item(name) == '', (name, item(name))
+    assert item('AttentionIconPixmap') == [] and item('OverlayIconPixmap') == []
+    # The icon by name, found where the item says as a loose file and as a hicolor theme.
+    name = item('IconName')
+    assert name == 'com.vornix.os-symbolic', name
+    theme = item('IconThemePath')
+    assert os.path.isfile(os.path.join(theme, f'{name}.svg')), theme
+    assert os.path.isfile(os.path.join(theme, 'hicolor', 'scalable', 'status', f'{name}.svg')), theme
+    # Its pixels for panels without icon themes: the same drawing, light inside with a dark edge.
+    pixmaps = item('IconPixmap')
+    sizes = sorted((width, height) for width, height, _ in pixmaps)
+    assert sizes == [(16, 16), (22, 22), (32, 32), (48, 48)], sizes
+    for width, height, argb in pixmaps:
+        assert len(argb) == width * height * 4
+        pixels = [(argb[i], tuple(argb[i + 1:i + 4])) for i in range(0, len(argb), 4)]
+        assert any(alpha == 255 and min(rgb) >= 200 for alpha, rgb in pixels), f'nothing light at {width}'
+        assert any(alpha >= 128 and max(rgb) <= 80 for alpha, rgb in pixels), f'no dark edge at {width}'
+    _save_icon_on_panels(desktop, pixmaps)
+    session.close()
+
+
+PANEL_SHADES = [0x000000, 0x2d2d2d, 0x31363b, 0xdcdcdc, 0xeff0f1, 0xffffff]
+
+
+def _save_icon_on_panels(desktop, pixmaps):
+    """Keeps, as an artifact, the item's pixels at each size on panels of dark and light shades
+    (GNOME's and waybar's dark bars, Breeze Dark, Xfce's and Breeze's light ones), four times
+    enlarged."""
+    import gi
+    gi.require_version('GdkPixbuf', '2.0')
+    from gi.repository import GdkPixbuf
+    scale, margin = 4, 8
+    cell = 48 * scale + 2 * margin
+    sheet = GdkPixbuf.Pixbuf.new(GdkPixbuf.Colorspace.RGB, False, 8, cell * len(PANEL_SHADES), cell * len(pixmaps))
+    for row, (width, height, argb) in enumerate(sorted(pixmaps)):
+        rgba = bytearray()
+        for i in range(0, len(argb), 4):
+            rgba += bytes(argb[i + 1:i + 4]) + bytes(argb[i:i + 1])
+        icon = GdkPixbuf.Pixbuf.new_from_bytes(GLib.Bytes.new(bytes(rgba)), GdkPixbuf.Colorspace.RGB, True, 8,
+                                               width, height, width * 4)
+        for column, shade in enumerate(PANEL_SHADES):
+            panel = GdkPixbuf.Pixbuf.new(GdkPixbuf.Colorspace.RGB, False, 8, cell, cell)
+            panel.fill(shade << 8 | 0xff)
+            icon.composite(panel, margin, margin, width * scale, height * scale, margin, margin, scale, scale,
+                           GdkPixbuf.InterpType.NEAREST, 255)
+            panel.copy_area(0, 0, cell, cell, sheet, column * cell, row * cell)
+    sheet.savev(os.path.join(desktop.artifacts, f'{desktop.name}-icon-on-panels.png'), 'png', [], [])
+
+
+def the_menu_holds_the_popovers_rows_and_does_what_they_do(desktop, host):
+    session = Session(desktop, host)
+    tray = session.tray
+    assert tray.menu_call('AboutToShow', GLib.Variant('(i)', (0,))) in ((False,), (True,))
+    assert tray.menu() == MENU_SIGNED_OUT, tray.menu()
+
+    # Each command does what its popover button does: here, asks the engine.
+    for label, method in [('Sign In...', 'sign_in'), ('About', 'about'), ('Quit', 'quit')]:
+        tray.choose(label)
+        arguments = session.engine.wait_for_call(UI, method)
+        assert arguments is None, f'"{method}" came with arguments {arguments!r}'
+    assert desktop.host.poll() is None, 'Quit with an engine ended the host itself'
+
+    # The check item is the popover's switch: choosing it turns both on and writes the entry.
+    before = tray.menu_signal_count('ItemsPropertiesUpdated')
+    tray.choose('Launch on Login')
+    entry = desktop.autostart_entry(LABEL)
+    wait_until(lambda: os.path.exists(entry), 20, f'the autostart entry {entry}')
+    wait_until(lambda: ('check', 'Launch on Login', 1) in tray.menu(), 10, 'the check item to be ticked')
+    wait_until(lambda: tray.menu_signal_count('ItemsPropertiesUpdated') > before, 10, 'ItemsPropertiesUpdated')
+    session.open_popover()
+    assert ('switch', 'Launch on Login', True) in a11y.popover_rows(), a11y.popover_rows()
+
+    # A report of the engine changes the menu with the popover.
+    before = tray.menu_signal_count('LayoutUpdated')
+    session.engine.call(UI, 'auth_state', {
+        'signedIn': True, 'email': 'ada_l@example.com', 'appVersion': '2.4.1', 'port': '8123'})
+    wait_until(lambda: tray.menu_signal_count('LayoutUpdated') > before, 10, 'LayoutUpdated')
+    menu = tray.menu()
+    # An underscore is the access key's mark in a menu label: the e-mail's own is doubled.
+    assert menu[3:8] == [('disabled', 'Account'), ('disabled', 'ada__l@example.com'), 'Sign Out...', '---',
+                         ('disabled', 'Version: 2.4.1')], menu
+    assert ('disabled', 'Port: 8123') in menu and 'Sign In...' not in menu, menu
+    assert 'ada_l@example.com' in a11y.popover_rows(), a11y.popover_rows()
+    tray.choose('Sign Out...')
+    assert session.engine.wait_for_call(UI, 'sign_out') is None
+    session.close()
+
+
+def without_an_engine_quit_ends_the_host_and_the_engines_commands_are_disabled(desktop, host):
+    session = Session(desktop, host, engine=False)
+    desktop.wait_for_host_line('finished launching')
+    menu = session.tray.menu()
+    for label in ENGINE_COMMANDS:
+        assert ('disabled', label) in menu, menu
+    for label in ('Launch Vornix for Developers', 'Check for Updates...', 'Quit'):
+        assert label in menu, menu
+    popover = session.open_popover()
+    for label in ENGINE_COMMANDS:
+        assert not a11y.find(popover, ('push button',), label)['enabled'], f'"{label}" can be pressed'
+    for label in ('Launch Vornix for Developers', 'Check for Updates...', 'Quit'):
+        assert a11y.find(popover, ('push button',), label)['enabled'], f'"{label}" cannot be pressed'
+    desktop.screenshot('without-engine')
+    # A disabled button does nothing when clicked.
+    session.press('About')
+    time.sleep(0.5)
+    assert desktop.host.poll() is None
+    session.press('Quit')
+    assert desktop.host.wait(20) == 0, 'the host did not end with status 0'
+    session.close()
+
+
+def without_an_engine_the_menus_quit_ends_the_host(desktop, host):
+    session = Session(desktop, host, engine=False)
+    desktop.wait_for_host_line('finished launching')
+    session.tray.choose('Quit')
+    assert desktop.host.wait(20) == 0, 'the host did not end with status 0'
+    session.close()
+
+
+def the_hosts_windows_are_named_after_its_application_id(desktop, host):
+    session = Session(desktop, host)
+    session.open_popover()
+    found = subprocess.run(['xdotool', 'search', '--onlyvisible', '--class', 'com.vornix.os'], capture_output=True,
+                           text=True, env=desktop.env)
+    windows = found.stdout.split()
+    assert windows, 'no window of class com.vornix.os shows'
+    for window in windows:
+        wm_class = subprocess.run(['xprop', '-id', window, 'WM_CLASS'], capture_output=True, text=True,
+                                  env=desktop.env).stdout.strip()
+        assert wm_class == 'WM_CLASS(STRING) = "com.vornix.os", "com.vornix.os"', wm_class
+    session.close()

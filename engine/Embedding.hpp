@@ -18,6 +18,10 @@ public:
 
     // [[FlutterViewController alloc] init]
     virtual std::shared_ptr<FlutterViewController> makeViewController() = 0;
+
+    // Whether an engine runs behind the embedding to carry out what the host sends it. On macOS
+    // the engine is part of the application, so it always does.
+    virtual bool hasEngine() const { return true; }
 };
 
 }  // namespace vornix::engine

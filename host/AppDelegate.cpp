@@ -55,6 +55,10 @@ void AppDelegate::applicationDidFinishLaunching() {
         button->setImage(statusItemImageName);
         button->setAction([this] { togglePopover(); });
     }
+    // Where the panel draws a menu of its own for the item, the menu holds the popover's rows.
+    if (platform::MenuView* menu = statusBarItem_->menu()) {
+        popoverContent_->showAlsoIn(*menu);
+    }
 }
 
 void AppDelegate::applicationWillTerminate() {

@@ -44,9 +44,10 @@ public:
 private:
     WebEndpoints endpoints_;
     std::unique_ptr<platform::Popover> popover_;
-    // Renders a copy of ContentView.sharedInstance in the popover; goes before the popover does.
-    std::unique_ptr<HostingController> popoverContent_;
     std::shared_ptr<platform::StatusItem> statusBarItem_;
+    // Renders a copy of ContentView.sharedInstance in the popover and in the item's menu; goes
+    // before both do.
+    std::unique_ptr<HostingController> popoverContent_;
 };
 
 }  // namespace vornix::host

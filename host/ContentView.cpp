@@ -5,11 +5,13 @@
 
 #include "base/Diagnostics.hpp"
 #include "base/FatalError.hpp"
+#include "engine/Embedding.hpp"
 #include "host/UIInteractions.hpp"
 #include "host/WebEndpoints.hpp"
 #include "launch_agent/LaunchControl.hpp"
 #include "launch_agent/StartAtLogin.hpp"
 #include "platform/Alerts.hpp"
+#include "platform/Application.hpp"
 #include "platform/Files.hpp"
 #include "platform/MainQueue.hpp"
 #include "platform/Paths.hpp"
@@ -123,6 +125,22 @@ platform::PopoverLayout ContentView::layout() {
             {platform::unbounded, platform::Alignment::leading, {3.0, 8.0, 3.0, 0.0}}};
 }
 
+ContentView::Action ContentView::withoutEngine(const Action& action) {
+    if (action.kind != Kind::channelMethod) {
+        return action;
+    }
+    return action.methodName == "quit" ? Action::local(Kind::terminate) : Action::none();
+}
+
+bool ContentView::engineRuns() {
+    const engine::Embedding* embedding = engine::Embedding::installed();
+    return embedding == nullptr || embedding->hasEngine();
+}
+
+ContentView::Action ContentView::currentAction(const Row& row) {
+    return engineRuns() ? row.action : withoutEngine(row.action);
+}
+
 ContentView::ContentView() : runAtLoad(runAtLoadFromLaunchAgentFile()), model(std::make_shared<SignedInModel>()) {}
 
 const ContentView& ContentView::sharedInstance() {
@@ -177,6 +195,7 @@ std::vector<platform::PopoverRow> ContentView::body() const {
             out.text = styled.label;
             out.background = styled.background;
             out.hoverId = row.hoverId;
+            out.isEnabled = currentAction(row).kind != Kind::none;
         }
         shown.push_back(std::move(out));
     }
@@ -199,9 +218,10 @@ void ContentView::buttonPressed(const std::string& hoverId) const {
     auto row = std::find_if(rows().begin(), rows().end(), [&](const Row& row) {
         return row.kind == RowKind::button && row.hoverId == hoverId && isShown(row.shownWhen);
     });
-    // A press reported for a button no longer shown (the account state just changed) does nothing.
+    // A press reported for a button no longer shown (the account state just changed) does nothing,
+    // and so does one on a disabled button.
     if (row != rows().end()) {
-        perform(row->action);
+        perform(currentAction(*row));
     }
 }
 
@@ -233,6 +253,9 @@ void ContentView::perform(const Action& action) const {
             return;
         case Kind::checkForUpdates:
             checkForUpdates();
+            return;
+        case Kind::terminate:
+            platform::Application::current().terminate();
             return;
         case Kind::none:
         case Kind::launchOnLogin:

@@ -20,7 +20,7 @@ class ContentView {
 public:
     // What a row does when it is used.
     struct Action {
-        enum class Kind { none, channelMethod, launchVFD, checkForUpdates, launchOnLogin };
+        enum class Kind { none, channelMethod, launchVFD, checkForUpdates, launchOnLogin, terminate };
         Kind kind = Kind::none;
         // The method sent on the UI interactions channel, for Kind::channelMethod.
         std::string methodName;
@@ -54,6 +54,14 @@ public:
     static const std::vector<Row>& bottomRow();
     // The stack's frame and the layout of every button label.
     static platform::PopoverLayout layout();
+
+    // What an action does when no engine runs to carry out the channel's methods: the host quits
+    // by itself on "quit"; the engine's other commands do nothing (none: their buttons are
+    // disabled); the host's own actions stay as they are.
+    static Action withoutEngine(const Action& action);
+    // Whether an engine runs behind the installed embedding (there is always one when none is
+    // installed, as on macOS, where the engine is part of the application).
+    static bool engineRuns();
 
     // A view on a new model, the switch as the launch agent file on disk says.
     ContentView();
@@ -90,6 +98,8 @@ public:
     std::shared_ptr<SignedInModel> model;
 
 private:
+    // The row's action as things are now: with or without an engine.
+    static Action currentAction(const Row& row);
     void perform(const Action& action) const;
     void checkForUpdates() const;
     bool isShown(Shown shownWhen) const;

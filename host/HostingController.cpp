@@ -1,5 +1,6 @@
 #include "host/HostingController.hpp"
 
+#include "host/MenuModel.hpp"
 #include "platform/MainQueue.hpp"
 
 namespace vornix::host {
@@ -11,9 +12,26 @@ HostingController::HostingController(ContentView rootView, platform::PopoverView
     render();
 }
 
-HostingController::~HostingController() { view_.setEvents(nullptr); }
+HostingController::~HostingController() {
+    view_.setEvents(nullptr);
+    if (menu_) {
+        menu_->setEvents(nullptr);
+    }
+}
 
-void HostingController::render() { view_.render(ContentView::layout(), rootView_.body()); }
+void HostingController::showAlsoIn(platform::MenuView& menu) {
+    menu_ = &menu;
+    menu_->setEvents(this);
+    render();
+}
+
+void HostingController::render() {
+    const auto body = rootView_.body();
+    view_.render(ContentView::layout(), body);
+    if (menu_) {
+        menu_->render(MenuModel::items(body));
+    }
+}
 
 void HostingController::scheduleRender() {
     if (renderScheduled_) {
@@ -42,5 +60,7 @@ void HostingController::switchToggled(bool isOn) {
     rootView_.launchOnLogin().setWrappedValue(isOn);
     render();
 }
+
+void HostingController::menuItemClicked(const std::string& id) { MenuModel::choose(id, rootView_.body(), *this); }
 
 }  // namespace vornix::host

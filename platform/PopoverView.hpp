@@ -62,6 +62,8 @@ struct PopoverRow {
     // A button: the identifier its pointer and click events carry, and its background.
     std::string hoverId;
     ButtonBackground background;
+    // A button: whether it can be used now (drawn insensitive when not).
+    bool isEnabled = true;
     friend bool operator==(const PopoverRow&, const PopoverRow&) = default;
 };
 

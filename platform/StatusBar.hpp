@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/Geometry.hpp"
+#include "platform/MenuView.hpp"
 #include "platform/Port.hpp"
 
 namespace vornix::platform {
@@ -30,6 +31,9 @@ public:
 
     // The item's button, or null when the item has none.
     virtual StatusBarButton* button() = 0;
+    // The menu the desktop's panel draws for the item itself, or null where the panel draws none
+    // (on macOS the popover is all the item shows).
+    virtual MenuView* menu() { return nullptr; }
 };
 
 // The system's menu bar (NSStatusBar.system / the system tray).

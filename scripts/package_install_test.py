@@ -68,6 +68,8 @@ def check_installed_files(paths, version):
         '/usr/bin/vornix-tool',
         f'/usr/lib/{multiarch}/vornix-host/vornix-http-fetcher.so',
         '/usr/share/vornix-host/icons/TrayIcon.svg',
+        '/usr/share/vornix-host/icons/com.vornix.os-symbolic.svg',
+        '/usr/share/icons/hicolor/scalable/status/com.vornix.os-symbolic.svg',
         '/usr/share/icons/hicolor/scalable/apps/com.vornix.os.svg',
         '/usr/share/applications/com.vornix.os.desktop',
         '/usr/share/metainfo/com.vornix.os.metainfo.xml',

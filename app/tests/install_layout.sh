@@ -37,6 +37,12 @@ if grep -q "libcurl" <<<"$host_libraries"; then
   fail "the host loads libcurl at start-up"
 fi
 [[ -f "$prefix/share/icons/hicolor/scalable/apps/com.vornix.os.svg" ]] || fail "no icon in the hicolor theme"
+tray_icon=com.vornix.os-symbolic.svg
+[[ -f "$prefix/share/icons/hicolor/scalable/status/$tray_icon" ]] || fail "no tray icon in the hicolor theme"
+[[ -f "$prefix/share/vornix-host/icons/$tray_icon" ]] || fail "no share/vornix-host/icons/$tray_icon"
+[[ -f "$prefix/share/vornix-host/icons/hicolor/scalable/status/$tray_icon" ]] ||
+  fail "no tray icon in the theme beside the host's resources"
+grep -qx "StartupWMClass=com.vornix.os" "$entry" || fail "the desktop entry does not name the windows' class"
 grep -qx "Icon=com.vornix.os" "$entry" || fail "the desktop entry does not name the themed icon"
 [[ -f "$prefix/share/metainfo/com.vornix.os.metainfo.xml" ]] || fail "no AppStream metadata"
 for page in vornix-host vornix-tool; do

@@ -24,7 +24,12 @@ public:
     void withhold(std::string_view key) { withheld_.emplace_back(key); }
     const std::vector<std::shared_ptr<FlutterViewControllerDouble>>& made() const { return made_; }
 
+    bool hasEngine() const override { return hasEngine_; }
+    // Plays an embedding with no engine behind it (a host started without one).
+    void setHasEngine(bool hasEngine) { hasEngine_ = hasEngine; }
+
 private:
+    bool hasEngine_ = true;
     platform::doubles::EventLog* log_;
     std::vector<std::string> withheld_;
     std::vector<std::shared_ptr<FlutterViewControllerDouble>> made_;

@@ -7,6 +7,7 @@
 #include "engine/doubles/InMemoryRegistry.hpp"
 #include "host/ContentView.hpp"
 #include "host/CustomURLSchemes.hpp"
+#include "host/MenuModel.hpp"
 #include "launch_agent/tests/LaunchControlTestHome.hpp"
 #include "platform/doubles/CountingUpdater.hpp"
 #include "platform/doubles/EventLog.hpp"
@@ -222,6 +223,25 @@ TEST_F(AppDelegateTest, TheStatusItemIsVariableLengthWithTheTrayIconAndTogglesTh
     ASSERT_TRUE(button().hasAction());
     button().click();
     EXPECT_TRUE(popover().isShown());
+}
+
+TEST_F(AppDelegateTest, AnItemWithAMenuOfItsOwnHoldsThePopoversRowsAndFollowsTheModel) {
+    statusBar.setItemsHaveMenus(true);
+    launch();
+    auto& menu = statusBar.items().at(0)->fakeMenu();
+    EXPECT_TRUE(menu.hasEvents());
+    EXPECT_EQ(menu.items(), vornix::host::MenuModel::items(popover().fakeView().rows()));
+    ContentView::sharedInstance().updateAuth(true, "ada@example.com", "2.4.1", "47321");
+    queue.advance(1.0);
+    EXPECT_FALSE(menu.item("ada@example.com").isEnabled);
+    EXPECT_EQ(menu.item("Sign Out...").id, "sign_out");
+    EXPECT_EQ(menu.items(), vornix::host::MenuModel::items(popover().fakeView().rows()));
+}
+
+TEST_F(AppDelegateTest, AnItemWithoutAMenuOfItsOwnGetsNone) {
+    launch();
+    EXPECT_FALSE(statusBar.items().at(0)->fakeMenu().hasEvents());
+    EXPECT_EQ(statusBar.items().at(0)->fakeMenu().renderCount(), 0);
 }
 
 TEST_F(AppDelegateTest, ClickingTheIconWhileClosedOpensThePopoverBelowTheIconWithKeyboardFocus) {

@@ -1,6 +1,7 @@
 #include "platform/doubles/FakeStatusBar.hpp"
 
 #include <sstream>
+#include <stdexcept>
 
 namespace vornix::platform::doubles {
 
@@ -24,6 +25,22 @@ void FakeStatusBarButton::click() {
     }
 }
 
+void FakeMenuView::choose(const std::string& id) {
+    if (events_ == nullptr) {
+        throw std::logic_error("nobody listens to the menu");
+    }
+    events_->menuItemClicked(id);
+}
+
+const MenuItem& FakeMenuView::item(const std::string& label) const {
+    for (const auto& item : items_) {
+        if (item.label == label) {
+            return item;
+        }
+    }
+    throw std::out_of_range("no menu item labelled " + label);
+}
+
 FakeStatusItem::FakeStatusItem(double length, bool withButton, EventLog* log)
     : length_(length), button_(withButton ? std::make_unique<FakeStatusBarButton>(log) : nullptr) {}
 
@@ -37,6 +54,7 @@ std::shared_ptr<StatusItem> FakeStatusBar::statusItem(double length) {
         return nullptr;
     }
     auto item = std::make_shared<FakeStatusItem>(length, itemsHaveButtons_, log_);
+    item->setHasMenu(itemsHaveMenus_);
     items_.push_back(item);
     return item;
 }

@@ -180,6 +180,7 @@ void GtkPopoverView::update(RowWidget& widget, const PopoverRow& row) {
     }
     if (row.kind == RowKind::button) {
         gtk_css_provider_load_from_data(widget.style, buttonCss(row.background).c_str(), -1, nullptr);
+        gtk_widget_set_sensitive(widget.outer, row.isEnabled);
     }
     setMargins(widget.outer, row.padding);
     widget.row = row;

@@ -7,9 +7,29 @@
 
 namespace vornix::platform::linux {
 
+namespace {
+
+// GTK names every window of the process after the program: its Wayland app_id is the program's
+// name, its X11 WM_CLASS the program's name and class. Desktops match windows to the desktop entry
+// of that name, so the program takes the application's id, before GApplication names it after the
+// executable.
+const std::string& announcedAs(const std::string& applicationId) {
+    g_set_prgname(applicationId.c_str());
+    return applicationId;
+}
+
+// GTK's start-up makes the class the program's name with a capital initial; the class is the id
+// itself, as the desktop entry's StartupWMClass says.
+void onStartup(GApplication* application, gpointer) {
+    gdk_set_program_class(g_application_get_application_id(application));
+}
+
+}  // namespace
+
 HostApplication::HostApplication(const std::string& applicationId, Handlers handlers)
-    : application_(gtk_application_new(applicationId.c_str(), G_APPLICATION_HANDLES_COMMAND_LINE)),
+    : application_(gtk_application_new(announcedAs(applicationId).c_str(), G_APPLICATION_HANDLES_COMMAND_LINE)),
       handlers_(std::move(handlers)) {
+    g_signal_connect_after(application_, "startup", G_CALLBACK(onStartup), nullptr);
     g_signal_connect(application_, "command-line", G_CALLBACK(onCommandLine), this);
     g_signal_connect(application_, "shutdown", G_CALLBACK(onShutdown), this);
     g_signal_connect(application_, "window-removed", G_CALLBACK(onWindowRemoved), this);
@@ -19,6 +39,9 @@ HostApplication::~HostApplication() {
     for (const guint source : signalSources_) {
         g_source_remove(source);
     }
+    // A window that outlives this object still leaves the application when it is destroyed, later
+    // in the process's end: nobody is here to be told then.
+    g_signal_handlers_disconnect_by_data(application_, this);
     g_object_unref(application_);
 }
 

@@ -24,6 +24,12 @@ constexpr const char* itemIntrospection = R"xml(
     <property name="IconPixmap" type="a(iiay)" access="read"/>
     <property name="ItemIsMenu" type="b" access="read"/>
     <property name="ToolTip" type="(sa(iiay)ss)" access="read"/>
+    <property name="Menu" type="o" access="read"/>
+    <property name="OverlayIconName" type="s" access="read"/>
+    <property name="OverlayIconPixmap" type="a(iiay)" access="read"/>
+    <property name="AttentionIconName" type="s" access="read"/>
+    <property name="AttentionIconPixmap" type="a(iiay)" access="read"/>
+    <property name="AttentionMovieName" type="s" access="read"/>
     <method name="Activate"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
     <method name="SecondaryActivate"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
     <method name="ContextMenu"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
@@ -31,8 +37,13 @@ constexpr const char* itemIntrospection = R"xml(
     <signal name="NewTitle"/>
     <signal name="NewIcon"/>
     <signal name="NewStatus"><arg name="status" type="s"/></signal>
+    <signal name="NewToolTip"/>
+    <signal name="NewAttentionIcon"/>
+    <signal name="NewOverlayIcon"/>
   </interface>
 </node>)xml";
+
+GVariant* noPixmaps() { return g_variant_new_array(G_VARIANT_TYPE("(iiay)"), nullptr, 0); }
 
 GDBusInterfaceInfo* itemInterfaceInfo() {
     static GDBusNodeInfo* node = g_dbus_node_info_new_for_xml(itemIntrospection, nullptr);
@@ -41,9 +52,10 @@ GDBusInterfaceInfo* itemInterfaceInfo() {
 
 }  // namespace
 
-StatusNotifierItem::StatusNotifierItem(std::string id, std::string title, Click onClick)
+StatusNotifierItem::StatusNotifierItem(std::string id, std::string title, std::string menuPath, Click onClick)
     : id_(std::move(id)),
       title_(std::move(title)),
+      menuPath_(std::move(menuPath)),
       onClick_(std::move(onClick)),
       busName_("org.kde.StatusNotifierItem-" + std::to_string(getpid()) + "-1"),
       cancellable_(g_cancellable_new()) {
@@ -101,7 +113,8 @@ void StatusNotifierItem::onBusMethod(GDBusConnection*, const gchar*, const gchar
     auto& item = *static_cast<StatusNotifierItem*>(self);
     const std::string name = method;
     g_dbus_method_invocation_return_value(invocation, nullptr);
-    // Every click opens the popover, whichever button it was: the item has no menu of its own.
+    // Every click opens the popover, whichever button it was: a panel that asks for the context
+    // menu instead of drawing the item's Menu gets the popover, which holds the same rows.
     if (name == "Activate" || name == "SecondaryActivate" || name == "ContextMenu") {
         gint x = 0;
         gint y = 0;
@@ -142,9 +155,18 @@ GVariant* StatusNotifierItem::onBusProperty(GDBusConnection*, const gchar*, cons
         return g_variant_new_boolean(FALSE);
     }
     if (name == "ToolTip") {
-        return g_variant_new("(s@a(iiay)ss)", item.iconName_.c_str(),
-                             g_variant_new_array(G_VARIANT_TYPE("(iiay)"), nullptr, 0), item.title_.c_str(),
-                             "");
+        return g_variant_new("(s@a(iiay)ss)", item.iconName_.c_str(), noPixmaps(), item.title_.c_str(), "");
+    }
+    if (name == "Menu") {
+        return g_variant_new_object_path(item.menuPath_.c_str());
+    }
+    // The item never asks for attention nor carries an overlay: the hosts that read these get them
+    // empty rather than an error.
+    if (name == "OverlayIconName" || name == "AttentionIconName" || name == "AttentionMovieName") {
+        return g_variant_new_string("");
+    }
+    if (name == "OverlayIconPixmap" || name == "AttentionIconPixmap") {
+        return noPixmaps();
     }
     return nullptr;
 }

@@ -13,12 +13,14 @@ namespace vornix::platform::linux {
 // (KDE, GNOME with the AppIndicator extension, most panels today) get an
 // org.kde.StatusNotifierItem; desktops without one get an XEmbed tray icon, which the older
 // panels serve. Whichever is there, a click calls `onClick` with the screen area (top-left
-// origin) under which the popover belongs.
+// origin) under which the popover belongs. The item names its menu (a com.canonical.dbusmenu
+// object at `menuPath`), which the panels draw on a right click; a host that asks the item for its
+// context menu instead gets the popover, whose rows are the menu's.
 class StatusNotifierItem {
 public:
     using Click = std::function<void(GdkRectangle anchor)>;
 
-    StatusNotifierItem(std::string id, std::string title, Click onClick);
+    StatusNotifierItem(std::string id, std::string title, std::string menuPath, Click onClick);
     ~StatusNotifierItem();
     StatusNotifierItem(const StatusNotifierItem&) = delete;
     StatusNotifierItem& operator=(const StatusNotifierItem&) = delete;
@@ -49,6 +51,7 @@ private:
 
     std::string id_;
     std::string title_;
+    std::string menuPath_;
     std::string iconName_;
     std::string iconThemePath_;
     std::string iconFile_;

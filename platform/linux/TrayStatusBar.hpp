@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/StatusBar.hpp"
+#include "platform/linux/DbusMenuView.hpp"
 #include "platform/linux/StatusNotifierItem.hpp"
 
 namespace vornix::platform::linux {
@@ -12,7 +13,8 @@ namespace vornix::platform::linux {
 // screen is only known when it is clicked, so it keeps the last click's area for the popover.
 class TrayButton : public StatusBarButton {
 public:
-    TrayButton();
+    // The item's menu is the one exported at `menuPath`.
+    explicit TrayButton(const std::string& menuPath);
 
     void setImage(std::string_view imageName) override;
     void setAction(Action action) override;
@@ -29,13 +31,16 @@ private:
     std::optional<GdkRectangle> screenArea_;
 };
 
+// The tray item: its icon and the menu that the panel draws for it.
 class TrayStatusItem : public StatusItem {
 public:
     StatusBarButton* button() override { return &button_; }
+    MenuView* menu() override { return &menu_; }
     TrayButton& trayButton() { return button_; }
 
 private:
-    TrayButton button_;
+    DbusMenuView menu_;
+    TrayButton button_{DbusMenuView::objectPath};
 };
 
 // The system tray as a status bar: it holds one item, the host's.
