@@ -261,6 +261,8 @@ void showRow(NSStackView* rowView, const PopoverRow& row, const vornix::platform
             button.backgroundColor = colorOf(row.background.color);
             button.cornerWidth = row.background.cornerWidth;
             button.cornerHeight = row.background.cornerHeight;
+            button.enabled = row.isEnabled;
+            button.label.enabled = row.isEnabled;
             button.accessibilityLabel = text;
             button.needsDisplay = YES;
             break;

@@ -198,6 +198,7 @@ typedef NS_ENUM(NSInteger, NSTextAlignment) {
 @property(nullable, strong) NSFont* font;
 @property(copy) NSString* stringValue;
 @property NSTextAlignment alignment;
+@property(getter=isEnabled) BOOL enabled;
 @end
 
 @interface NSTextField : NSControl
