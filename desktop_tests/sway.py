@@ -78,7 +78,7 @@ class Sway:
     def __init__(self, desktop):
         missing = [tool for tool in TOOLS if not shutil.which(tool)]
         if missing:
-            raise SetupError('sway is not installed (missing ' + ', '.join(missing) + ')')
+            raise SetupError('the Wayland desktop is not installed (missing ' + ', '.join(missing) + ')')
         if os.geteuid() != 0:
             raise SetupError('sway runs here as the user nobody, which needs root to switch to')
         self.desktop = desktop
