@@ -19,6 +19,8 @@ public:
     PrivateSessionBus(const PrivateSessionBus&) = delete;
     PrivateSessionBus& operator=(const PrivateSessionBus&) = delete;
 
+    // The bus's address, as DBUS_SESSION_BUS_ADDRESS gives it.
+    const std::string& address() const { return address_; }
     // A new connection to the bus, registered and with a unique name; the caller owns it.
     GDBusConnection* connect() const;
 
