@@ -7,6 +7,7 @@
 #include <gtk-layer-shell.h>
 
 #include "platform/linux/EdgePlacement.hpp"
+#include "platform/linux/WaylandGlobals.hpp"
 
 namespace vornix::platform::linux {
 
@@ -32,7 +33,20 @@ GtkLayerShellEdge layerEdge(OutputEdge edge) {
     return GTK_LAYER_SHELL_EDGE_TOP;
 }
 
-bool onWayland(GtkWidget* widget) { return GDK_IS_WAYLAND_DISPLAY(gtk_widget_get_display(widget)); }
+// The X server of the Wayland session (Xwayland), opened once, or null when there is none.
+GdkDisplay* xwaylandDisplay() {
+    static GdkDisplay* const display = [] {
+        const char* name = g_getenv("DISPLAY");
+        GdkDisplay* opened = name && *name ? gdk_display_open(name) : nullptr;
+        // Only an X server will do: a name that a Wayland compositor answers to is no use here.
+        if (opened && GDK_IS_WAYLAND_DISPLAY(opened)) {
+            gdk_display_close(opened);
+            return static_cast<GdkDisplay*>(nullptr);
+        }
+        return opened;
+    }();
+    return display;
+}
 
 }  // namespace
 
@@ -55,15 +69,29 @@ PopupWindow::PopupWindow() : window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)) {
     gtk_window_set_skip_taskbar_hint(window, TRUE);
     gtk_window_set_skip_pager_hint(window, TRUE);
     gtk_window_set_keep_above(window, TRUE);
-    if (gtk_layer_is_supported()) {
+    GdkDisplay* display = gtk_widget_get_display(window_);
+    // Asked first so that libgtk-layer-shell, which warns where the protocol is missing, is
+    // only asked where it is there.
+    const bool onWayland = GDK_IS_WAYLAND_DISPLAY(display);
+    if (onWayland && compositorOffers(display, "zwlr_layer_shell_v1") && gtk_layer_is_supported()) {
         gtk_layer_init_for_window(window);
         gtk_layer_set_namespace(window, "vornix-popover");
         gtk_layer_set_layer(window, GTK_LAYER_SHELL_LAYER_OVERLAY);
         gtk_layer_set_keyboard_mode(window, GTK_LAYER_SHELL_KEYBOARD_MODE_EXCLUSIVE);
         makeCatcher();
-    } else if (onWayland(window_)) {
-        // A Wayland compositor maps a popup-menu window only with a parent, and grants no grab
-        // to a toplevel: the popover is an undecorated toplevel that closes when it loses focus.
+    } else if (GdkDisplay* x11 = onWayland ? xwaylandDisplay() : nullptr) {
+        // A Wayland compositor without layer-shell (GNOME) lets no client place a window, but
+        // places an X client's window where it asks: the popover is a popup-menu window of
+        // the session's X server, at the screen coordinates the panel passed, with the grab
+        // of X11. A click on the compositor's own surfaces never reaches the X server, so it
+        // also closes when it loses the focus.
+        gtk_window_set_screen(window, gdk_display_get_default_screen(x11));
+        gtk_window_set_type_hint(window, GDK_WINDOW_TYPE_HINT_POPUP_MENU);
+        g_signal_connect(window_, "focus-out-event", G_CALLBACK(onFocusOut), this);
+    } else if (onWayland) {
+        // Without layer-shell or an X server, the compositor places the popover: an
+        // undecorated toplevel (a popup-menu window is mapped only with a parent), which
+        // closes when it loses the focus since a toplevel gets no grab.
         g_signal_connect(window_, "focus-out-event", G_CALLBACK(onFocusOut), this);
     } else {
         gtk_window_set_type_hint(window, GDK_WINDOW_TYPE_HINT_POPUP_MENU);
