@@ -507,3 +507,36 @@ def on_sway_the_popover_is_a_layer_surface_beside_the_icon_and_closes_like_a_men
     finally:
         session.close()
         sway.stop()
+
+
+def on_gnome_the_popover_opens_under_the_top_bar_at_the_click_and_closes_like_a_menu(desktop, host):
+    from gnome import Gnome, WIDTH
+    gnome = Gnome(desktop)
+    desktop.env = gnome.host_environment()
+    session = Session(desktop, host)
+    try:
+        # GNOME's AppIndicator extension passes the screen point clicked on its top bar.
+        session.tray.click(1200, 16)
+        area = wait_until(lambda: gnome.drawn_area('under-the-top-bar'), 10, 'the popover on the screen')
+        print('opened at the top right:', area)
+        left, top, width, height = area
+        assert top == 32, f'not just under the top bar: {area}'
+        assert left + width == WIDTH and width < 400, f'not at the click, kept on the screen: {area}'
+        assert _distance_to(area, 1200, 16) <= 48, f'far from the click: {area}'
+        assert gnome.x_windows('Vornix OS'), 'the popover is not a window of the X server'
+
+        gnome.press_key('Escape')
+        wait_until(lambda: gnome.drawn_area('after-escape') is None, 10, 'Escape to close the popover')
+
+        session.tray.click(700, 16)
+        area = wait_until(lambda: gnome.drawn_area('under-the-clock'), 10, 'the popover on the screen')
+        print('opened under the clock:', area)
+        assert area[1] == 32 and area[0] <= 700 < area[0] + area[2], f'not under the click: {area}'
+
+        gnome.click(300, 600)
+        wait_until(lambda: gnome.drawn_area('after-a-click-elsewhere') is None, 10,
+                   'a click elsewhere to close the popover')
+        assert desktop.host.poll() is None, 'the host ended'
+    finally:
+        session.close()
+        gnome.stop()
