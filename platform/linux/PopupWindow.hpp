@@ -13,7 +13,9 @@ namespace vornix::platform::linux {
 // menus do, so this also works without a window manager. On a Wayland compositor that offers
 // layer-shell, where a client can neither place nor grab, it is a layer surface over everything,
 // placed against an output's edge (`EdgePlacement`) with the keyboard to itself, and a clear
-// layer surface over the whole output below it catches a click anywhere else.
+// layer surface over the whole output below it catches a click anywhere else. On a Wayland
+// compositor without layer-shell (GNOME) it is a window of the session's X server, placed and
+// grabbing as on X11, which also closes when it loses the focus.
 class PopupWindow {
 public:
     PopupWindow();
