@@ -24,8 +24,8 @@ std::pair<OutputEdge, int> nearestEdge(const ScreenArea& area, ScreenPoint point
                              [](const auto& a, const auto& b) { return a.second < b.second; });
 }
 
-bool inIconSquare(const ScreenArea& area, ScreenPoint point) {
-    return point.x - area.x < iconReach && point.y - area.y < iconReach;
+bool inTraySquare(const ScreenArea& area, ScreenPoint point) {
+    return point.x - area.x < trayReach && point.y - area.y < trayReach;
 }
 
 }  // namespace
@@ -38,7 +38,7 @@ EdgePlacement placeBesideIcon(std::span<const ScreenArea> outputs, std::optional
     }
     const auto output = std::find_if(outputs.begin(), outputs.end(),
                                      [&](const ScreenArea& area) { return contains(area, *click); });
-    if (output == outputs.end() || inIconSquare(*output, *click)) {
+    if (output == outputs.end() || inTraySquare(*output, *click)) {
         return corner;
     }
     const auto [edge, distance] = nearestEdge(*output, *click);

@@ -42,16 +42,16 @@ struct EdgePlacement {
 // (KDE's largest), with room to spare.
 inline constexpr int panelReach = 96;
 // The side of the square, at an output's top left corner, of the points that a panel passing
-// coordinates relative to its own icon (waybar) sends: never more than an icon's size.
-inline constexpr int iconReach = 48;
+// coordinates relative to its own tray widget (waybar) sends: room for a handful of icons.
+inline constexpr int trayReach = 128;
 
 // Places a popover of `width` x `height` beside the tray icon that was clicked at `click`, as
 // the panel reported it. A panel passes either screen coordinates (KDE, GNOME, Xfce) or
-// coordinates relative to the icon's own widget (waybar); they are told apart by where the
-// point falls: screen coordinates of a click on a panel lie within `panelReach` of an output's
-// edge and outside the `iconReach` square at its top left corner, where desktops keep their
-// application menu rather than their tray, while a point relative to an icon always lies inside
-// that square. A click taken as screen coordinates puts the popover against the output edge
+// coordinates relative to its tray widget (waybar); they are told apart by where the point
+// falls: screen coordinates of a click on a panel lie within `panelReach` of an output's edge
+// and outside the `trayReach` square at its top left corner, where desktops keep their
+// application menu or activities button rather than their tray, while a point relative to a
+// tray widget lies inside that square. A click taken as screen coordinates puts the popover against the output edge
 // nearest to it, centred on it along that edge and kept on the output. Any other click (or none,
 // as when a second launch opens the popover) puts it in the top right corner of the first
 // output, under the panel there: where panels that pass relative coordinates put the tray by

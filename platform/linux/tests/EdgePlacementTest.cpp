@@ -50,16 +50,17 @@ TEST(EdgePlacement, AVerticalPanelPutsItOnItsEdgeCentredOnTheClickVertically) {
               (EdgePlacement{0, OutputEdge::left, OutputEdge::top, 680, true}));
 }
 
-TEST(EdgePlacement, APointRelativeToTheIconFallsBackToTheTopRightCorner) {
-    // waybar passes the point within the icon it drew.
+TEST(EdgePlacement, APointRelativeToTheTrayWidgetFallsBackToTheTopRightCorner) {
+    // waybar passes the point within its tray widget: the first icon, or one of a few.
     EXPECT_EQ(placeBesideIcon(oneOutput, ScreenPoint{11, 9}, 200, 400), topRightCorner);
     EXPECT_EQ(placeBesideIcon(oneOutput, ScreenPoint{0, 0}, 200, 400), topRightCorner);
-    EXPECT_EQ(placeBesideIcon(oneOutput, ScreenPoint{47, 47}, 200, 400), topRightCorner);
+    EXPECT_EQ(placeBesideIcon(oneOutput, ScreenPoint{100, 12}, 200, 400), topRightCorner);
+    EXPECT_EQ(placeBesideIcon(oneOutput, ScreenPoint{127, 127}, 200, 400), topRightCorner);
 }
 
-TEST(EdgePlacement, JustOutsideTheIconSquareIsAScreenPoint) {
-    EXPECT_TRUE(placeBesideIcon(oneOutput, ScreenPoint{48, 10}, 200, 400).atClick);
-    EXPECT_TRUE(placeBesideIcon(oneOutput, ScreenPoint{10, 48}, 200, 400).atClick);
+TEST(EdgePlacement, JustOutsideTheTraySquareIsAScreenPoint) {
+    EXPECT_TRUE(placeBesideIcon(oneOutput, ScreenPoint{128, 10}, 200, 400).atClick);
+    EXPECT_TRUE(placeBesideIcon(oneOutput, ScreenPoint{10, 128}, 200, 400).atClick);
 }
 
 TEST(EdgePlacement, APointFarFromEveryEdgeIsNoPanelClick) {
@@ -81,7 +82,7 @@ TEST(EdgePlacement, TheOutputClickedIsTheOneItOpensOnInItsOwnCoordinates) {
               (EdgePlacement{1, OutputEdge::bottom, OutputEdge::left, 480, true}));
     EXPECT_EQ(placeBesideIcon(two, ScreenPoint{3100, 790}, 200, 400),
               (EdgePlacement{1, OutputEdge::bottom, OutputEdge::left, 1080, true}));
-    // The second output's own top left corner is an icon square too.
+    // The second output's own top left corner is a tray square too.
     EXPECT_EQ(placeBesideIcon(two, ScreenPoint{1930, 10}, 200, 400), topRightCorner);
 }
 
