@@ -613,3 +613,87 @@ def the_hosts_windows_are_named_after_its_application_id(desktop, host):
                                   env=desktop.env).stdout.strip()
         assert wm_class == 'WM_CLASS(STRING) = "com.vornix.os", "com.vornix.os"', wm_class
     session.close()
+def _distance_to(area, x, y):
+    """How far the point (x, y) is from the rectangle (x, y, width, height): 0 inside it."""
+    left, top, width, height = area
+    dx = max(left - x, 0, x - (left + width - 1))
+    dy = max(top - y, 0, y - (top + height - 1))
+    return max(dx, dy)
+
+
+def on_sway_the_popover_is_a_layer_surface_beside_the_icon_and_closes_like_a_menu(desktop, host):
+    from sway import Sway, WIDTH, HEIGHT
+    sway = Sway(desktop)
+    desktop.env = sway.host_environment()
+    session = Session(desktop, host)
+    try:
+        assert sway.drawn_area('before') is None, 'the output is not empty before the popover opens'
+
+        # A panel at the bottom that passes screen coordinates (KDE's): against the bottom edge,
+        # centred on the click.
+        session.tray.click(1200, HEIGHT - 10)
+        area = wait_until(lambda: sway.drawn_area('at-the-bottom'), 10, 'the popover on the output')
+        print('opened at the bottom right:', area)
+        assert 'Vornix OS' not in sway.windows(), f'the popover is a window of sway: {sway.windows()}'
+        left, top, width, height = area
+        assert top + height == HEIGHT, f'not against the bottom edge: {area}'
+        assert left + width == WIDTH and width < 400, f'not at the click, kept on the output: {area}'
+        assert _distance_to(area, 1200, HEIGHT - 10) <= 48, f'far from the click: {area}'
+
+        sway.press_key('Escape')
+        wait_until(lambda: sway.drawn_area('after-escape') is None, 10, 'Escape to close the popover')
+
+        # waybar passes the point within its icon: the popover goes to the top right corner.
+        session.tray.click(11, 9)
+        area = wait_until(lambda: sway.drawn_area('in-the-corner'), 10, 'the popover on the output')
+        print('opened in the corner:', area)
+        left, top, width, height = area
+        assert top == 0 and left + width == WIDTH, f'not in the top right corner: {area}'
+
+        sway.click(300, 500)
+        wait_until(lambda: sway.drawn_area('after-a-click-elsewhere') is None, 10,
+                   'a click elsewhere to close the popover')
+        assert desktop.host.poll() is None, 'the host ended'
+
+        # Open again: the popover comes back where the click was, at the top edge this time.
+        session.tray.click(700, 12)
+        area = wait_until(lambda: sway.drawn_area('at-the-top'), 10, 'the popover on the output')
+        print('opened at the top:', area)
+        assert area[1] == 0 and _distance_to(area, 700, 12) == 0, f'not under the click: {area}'
+        assert 'Vornix OS' not in sway.windows()
+    finally:
+        session.close()
+        sway.stop()
+
+
+def on_gnome_the_popover_opens_under_the_top_bar_at_the_click_and_closes_like_a_menu(desktop, host):
+    from gnome import Gnome, WIDTH
+    gnome = Gnome(desktop)
+    desktop.env = gnome.host_environment()
+    session = Session(desktop, host)
+    try:
+        # GNOME's AppIndicator extension passes the screen point clicked on its top bar.
+        session.tray.click(1200, 16)
+        area = wait_until(lambda: gnome.drawn_area('under-the-top-bar'), 10, 'the popover on the screen')
+        print('opened at the top right:', area)
+        left, top, width, height = area
+        assert top == 32, f'not just under the top bar: {area}'
+        assert left + width == WIDTH and width < 400, f'not at the click, kept on the screen: {area}'
+        assert _distance_to(area, 1200, 16) <= 48, f'far from the click: {area}'
+        assert gnome.x_windows('Vornix OS'), 'the popover is not a window of the X server'
+
+        gnome.press_key('Escape')
+        wait_until(lambda: gnome.drawn_area('after-escape') is None, 10, 'Escape to close the popover')
+
+        session.tray.click(700, 16)
+        area = wait_until(lambda: gnome.drawn_area('under-the-clock'), 10, 'the popover on the screen')
+        print('opened under the clock:', area)
+        assert area[1] == 32 and area[0] <= 700 < area[0] + area[2], f'not under the click: {area}'
+
+        gnome.click(300, 600)
+        wait_until(lambda: gnome.drawn_area('after-a-click-elsewhere') is None, 10,
+                   'a click elsewhere to close the popover')
+        assert desktop.host.poll() is None, 'the host ended'
+    finally:
+        session.close()
+        gnome.stop()

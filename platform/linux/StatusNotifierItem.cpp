@@ -33,6 +33,7 @@ constexpr const char* itemIntrospection = R"xml(
     <method name="Activate"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
     <method name="SecondaryActivate"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
     <method name="ContextMenu"><arg name="x" type="i" direction="in"/><arg name="y" type="i" direction="in"/></method>
+    <method name="ProvideXdgActivationToken"><arg name="token" type="s" direction="in"/></method>
     <method name="Scroll"><arg name="delta" type="i" direction="in"/><arg name="orientation" type="s" direction="in"/></method>
     <signal name="NewTitle"/>
     <signal name="NewIcon"/>
@@ -113,6 +114,13 @@ void StatusNotifierItem::onBusMethod(GDBusConnection*, const gchar*, const gchar
     auto& item = *static_cast<StatusNotifierItem*>(self);
     const std::string name = method;
     g_dbus_method_invocation_return_value(invocation, nullptr);
+    // Panels on Wayland send the token just before Activate, for the popover's focus.
+    if (name == "ProvideXdgActivationToken") {
+        const gchar* token = nullptr;
+        g_variant_get(parameters, "(&s)", &token);
+        item.activationToken_ = token;
+        return;
+    }
     // Every click opens the popover, whichever button it was: a panel that asks for the context
     // menu instead of drawing the item's Menu gets the popover, which holds the same rows.
     if (name == "Activate" || name == "SecondaryActivate" || name == "ContextMenu") {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include <gdk/gdk.h>
 #include <gio/gio.h>
@@ -30,6 +31,10 @@ public:
     // Shows the icon in `file`, known to icon themes as `name` in `themePath`.
     void setIcon(const std::string& name, const std::string& themePath, const std::string& file);
 
+    // The xdg-activation token the panel provided for the click being handled, if any; it is
+    // good for one activation, so taking it clears it.
+    std::string takeActivationToken() { return std::exchange(activationToken_, {}); }
+
     // The name the item owns on the session bus, for hosts that look it up.
     const std::string& busName() const { return busName_; }
 
@@ -57,6 +62,7 @@ private:
     std::string iconFile_;
     Click onClick_;
     std::string busName_;
+    std::string activationToken_;
     GDBusConnection* bus_ = nullptr;
     guint objectId_ = 0;
     guint nameId_ = 0;

@@ -1,6 +1,7 @@
 #include "platform/linux/TrayPopovers.hpp"
 
 #include <cmath>
+#include <optional>
 
 #include "base/FatalError.hpp"
 #include "platform/linux/TrayStatusBar.hpp"
@@ -40,14 +41,22 @@ void TrayPopover::show(Rect relativeTo, StatusBarButton& of, RectEdge preferredE
     if (!button) {
         base::fatalError("a tray popover can only open at the tray's own button");
     }
-    GdkRectangle anchor = button->screenArea().value_or(trayCorner());
+    window_.setActivationToken(button->takeActivationToken());
+    view_.materialize();
+    const std::optional<GdkRectangle> clicked = button->screenArea();
+    if (window_.layered()) {
+        window_.showBeside(clicked ? std::optional<GdkPoint>(GdkPoint{clicked->x + clicked->width / 2,
+                                                                      clicked->y + clicked->height / 2})
+                                   : std::nullopt);
+        return;
+    }
+    GdkRectangle anchor = clicked.value_or(trayCorner());
     // A tray that reports only the point clicked gets the button's size around that point.
     if (anchor.width <= 1 && anchor.height <= 1) {
         const int width = static_cast<int>(std::lround(relativeTo.width));
         const int height = static_cast<int>(std::lround(relativeTo.height));
         anchor = {anchor.x - width / 2, anchor.y - height / 2, width, height};
     }
-    view_.materialize();
     // AppKit's minimum-y edge is the bottom one: below the button.
     window_.showRelativeTo(anchor, preferredEdge != RectEdge::maxY);
 }

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "platform/StatusBar.hpp"
 #include "platform/linux/DbusMenuView.hpp"
@@ -22,6 +23,8 @@ public:
 
     // The screen area (top-left origin) of the click being handled, or of the last one.
     std::optional<GdkRectangle> screenArea() const { return screenArea_; }
+    // The activation token the panel gave with the click being handled, once.
+    std::string takeActivationToken() { return item_.takeActivationToken(); }
     // Runs the button's action as a click over `area` would.
     void click(std::optional<GdkRectangle> area);
 

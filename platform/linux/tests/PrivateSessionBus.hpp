@@ -2,6 +2,7 @@
 
 #include <gio/gio.h>
 
+#include <filesystem>
 #include <string>
 
 #include "platform/linux/tests/ChildProcess.hpp"
@@ -9,15 +10,22 @@
 namespace vornix::platform::linux::testing {
 
 // A D-Bus daemon of the test's own (a dbus-daemon child), so that tests never touch the user's
-// session bus. Stops with the object.
+// session bus. It activates no services: a service a test does not play itself is missing.
+// Stops with the object.
 class PrivateSessionBus {
 public:
     PrivateSessionBus();
+    ~PrivateSessionBus();
+    PrivateSessionBus(const PrivateSessionBus&) = delete;
+    PrivateSessionBus& operator=(const PrivateSessionBus&) = delete;
 
+    // The bus's address, as DBUS_SESSION_BUS_ADDRESS gives it.
+    const std::string& address() const { return address_; }
     // A new connection to the bus, registered and with a unique name; the caller owns it.
     GDBusConnection* connect() const;
 
 private:
+    std::string configFile_;
     ChildProcess daemon_;
     std::string address_;
 };
