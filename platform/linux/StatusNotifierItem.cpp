@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <gdk/gdkx.h>
+
 namespace vornix::platform::linux {
 
 namespace {
@@ -256,6 +258,10 @@ void StatusNotifierItem::onRegistered(GObject* connection, GAsyncResult* result,
 }
 
 void StatusNotifierItem::showStatusIcon(bool shown) {
+    // XEmbed trays are X11 windows: on any other display there is none to embed the icon in.
+    if (!GDK_IS_X11_DISPLAY(gdk_display_get_default())) {
+        return;
+    }
     G_GNUC_BEGIN_IGNORE_DEPRECATIONS
     if (!shown) {
         if (statusIcon_) {

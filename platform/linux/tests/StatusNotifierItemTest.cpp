@@ -48,7 +48,8 @@ TEST(StatusNotifierItem, TheActivationTokenAPanelProvidesBeforeAClickServesThatC
     setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
     std::vector<std::string> tokens;
     StatusNotifierItem* clicked = nullptr;
-    StatusNotifierItem item("test-item", "Test", [&](GdkRectangle) { tokens.push_back(clicked->takeActivationToken()); });
+    StatusNotifierItem item("test-item", "Test", "/MenuBar",
+                            [&](GdkRectangle) { tokens.push_back(clicked->takeActivationToken()); });
     clicked = &item;
     GDBusConnection* shared = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
     g_dbus_connection_set_exit_on_close(shared, FALSE);
