@@ -1,0 +1,126 @@
+"""sway 1.7 with waybar's tray along the top (waybar's own default look, dark), headless, as an
+unprivileged user (sway refuses root). The person's pointer is a wlroots virtual pointer, the
+keys come through the virtual keyboard (wtype), the screen through wlroots' screen copy (grim),
+and the window list is sway's tree."""
+
+import json
+import os
+import subprocess
+
+from screen import Rect, read_ppm
+from session import Session, desktop_user, wait_until
+
+WIDTH, HEIGHT = 1280, 800
+BAR_HEIGHT = 28
+BUTTONS = {'left': 272, 'right': 273, 'middle': 274}
+
+SWAY_CONFIG = f"""output HEADLESS-1 resolution {WIDTH}x{HEIGHT} position 0 0 bg #3a6ea5 solid_color
+default_border normal
+bar {{
+    swaybar_command waybar
+}}
+"""
+
+WAYBAR_CONFIG = json.dumps({
+    'layer': 'top',
+    'position': 'top',
+    'height': BAR_HEIGHT,
+    'modules-left': [],
+    'modules-center': [],
+    'modules-right': ['tray'],
+    'tray': {'spacing': 8, 'icon-size': 18},
+})
+
+
+class SwayDesktop:
+    name = 'sway'
+
+    def __init__(self, artifacts):
+        self.session = Session(self.name, artifacts, desktop_user())
+        self.input = None
+
+    def start(self):
+        session = self.session
+        session.env.update({
+            'WLR_BACKENDS': 'headless',
+            'WLR_LIBINPUT_NO_DEVICES': '1',
+            'WLR_RENDERER': 'pixman',
+            'XDG_CURRENT_DESKTOP': 'sway',
+            'XDG_SESSION_TYPE': 'wayland',
+        })
+        session.start_bus()
+        config = session.write('.config/sway/config', SWAY_CONFIG)
+        session.write('.config/waybar/config', WAYBAR_CONFIG)
+        session.spawn(['sway', '--config', config], 'sway')
+        socket = wait_until(lambda: [name for name in os.listdir(session.runtime) if name.startswith('wayland-')
+                                     and not name.endswith('.lock')], 30, "sway's Wayland socket")[0]
+        session.env['WAYLAND_DISPLAY'] = socket
+        ipc = wait_until(lambda: [name for name in os.listdir(session.runtime) if name.startswith('sway-ipc.')], 30,
+                         "sway's IPC socket")[0]
+        session.env['SWAYSOCK'] = os.path.join(session.runtime, ipc)
+        wait_until(lambda: self._has_owner('org.kde.StatusNotifierWatcher'), 30, "waybar's tray")
+        self.input = subprocess.Popen([os.environ['VORNIX_WAYLAND_INPUT'], str(WIDTH), str(HEIGHT)],
+                                      stdin=subprocess.PIPE, stdout=subprocess.PIPE, env=session.env,
+                                      user=session.user.pw_uid, group=session.user.pw_gid, extra_groups=[])
+        session.processes.append(self.input)
+        if self.input.stdout.readline().strip() != b'ready':
+            raise RuntimeError('the virtual pointer did not start')
+        # A bar that has drawn its first frame.
+        wait_until(lambda: self.grab()[BAR_HEIGHT // 2, 4].tolist() != self.grab()[HEIGHT // 2, 4].tolist(), 20,
+                   "waybar's bar")
+
+    def _has_owner(self, name):
+        out = self.session.run(['gdbus', 'call', '--session', '--dest', 'org.freedesktop.DBus', '--object-path',
+                                '/org/freedesktop/DBus', '--method', 'org.freedesktop.DBus.NameHasOwner', name],
+                               check=False)
+        return b'true' in out
+
+    def _send(self, command):
+        self.input.stdin.write(command.encode() + b'\n')
+        self.input.stdin.flush()
+        if self.input.stdout.readline().strip() != b'ok':
+            raise RuntimeError(f'the virtual pointer refused "{command}"')
+
+    def host_env(self):
+        return {}
+
+    def grab(self):
+        return read_ppm(self.session.run(['grim', '-t', 'ppm', '-']))
+
+    def click(self, x, y, button):
+        self._send(f'move {x} {y}')
+        self._send(f'press {BUTTONS[button]}')
+        self._send(f'release {BUTTONS[button]}')
+
+    def key(self, name):
+        self.session.run(['wtype', '-k', name])
+
+    def panel_area(self):
+        return Rect(0, 0, WIDTH, BAR_HEIGHT)
+
+    def tray_area(self):
+        return self.panel_area()
+
+    def elsewhere(self, popover, icon):
+        return (popover.x - 300 if popover.x > 400 else popover.x + popover.width + 300), HEIGHT // 2 + 150
+
+    def popover_window(self):
+        """The host's popover in sway's tree: (rectangle with its border, decorated); None when
+        it is not a window there (a layer surface is not)."""
+        tree = json.loads(self.session.run(['swaymsg', '-t', 'get_tree', '--raw']))
+        pid = self.session.host.pid
+        found = []
+
+        def walk(node):
+            if node.get('pid') == pid and node.get('visible'):
+                found.append(node)
+            for child in node.get('nodes', []) + node.get('floating_nodes', []):
+                walk(child)
+        walk(tree)
+        for node in found:
+            rect = node['rect']
+            return Rect(rect['x'], rect['y'], rect['width'], rect['height']), node.get('border') not in ('none', 'csd')
+        return None
+
+    def stop(self):
+        self.session.stop()
