@@ -18,6 +18,15 @@ class Rect:
         dy = max(other.y - (self.y + self.height), self.y - (other.y + other.height), 0)
         return int(max(dx, dy))
 
+    def overlaps(self, other):
+        return self.overlap_fraction(other) > 0
+
+    def overlap_fraction(self, other):
+        """How much of this rectangle the other covers, 0 to 1."""
+        width = min(self.x + self.width, other.x + other.width) - max(self.x, other.x)
+        height = min(self.y + self.height, other.y + other.height) - max(self.y, other.y)
+        return max(width, 0) * max(height, 0) / max(self.width * self.height, 1)
+
     def __repr__(self):
         return f'{self.width}x{self.height}+{self.x}+{self.y}'
 

@@ -36,6 +36,7 @@ class SwayDesktop:
     name = 'sway'
 
     def __init__(self, artifacts):
+        self.size = (WIDTH, HEIGHT)
         self.session = Session(self.name, artifacts, desktop_user())
         self.input = None
 
@@ -101,8 +102,6 @@ class SwayDesktop:
     def tray_area(self):
         return self.panel_area()
 
-    def elsewhere(self, popover, icon):
-        return (popover.x - 300 if popover.x > 400 else popover.x + popover.width + 300), HEIGHT // 2 + 150
 
     def popover_window(self):
         """The host's popover in sway's tree: (rectangle with its border, decorated); None when

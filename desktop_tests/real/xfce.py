@@ -47,6 +47,7 @@ class XfceDesktop:
     name = 'xfce'
 
     def __init__(self, artifacts):
+        self.size = (WIDTH, HEIGHT)
         self.session = Session(self.name, artifacts)
         self.root_window = None
 
@@ -106,8 +107,6 @@ class XfceDesktop:
     def tray_area(self):
         return self.panel_area()
 
-    def elsewhere(self, popover, icon):
-        return (popover.x - 300 if popover.x > 400 else popover.x + popover.width + 300), HEIGHT // 2
 
     def popover_window(self):
         """The host's popover as the X server lists it, and whether the window manager framed it."""
