@@ -4,6 +4,7 @@
 One verdict line per desktop, then 'N passed, N failed'; exit status 0 only when all passed."""
 
 import argparse
+import faulthandler
 import importlib
 import os
 import subprocess
@@ -66,6 +67,8 @@ def main():
     os.chmod(artifacts, 0o755)
 
     if options.one:
+        # Where a visit hangs, in its output, before the time limit ends it.
+        faulthandler.dump_traceback_later(TIME_LIMIT - 10, exit=True)
         return 0 if visit(options.desktops[0], host, artifacts) else 1
 
     passed = failed = 0

@@ -5,14 +5,13 @@ and the window list is sway's tree."""
 
 import json
 import os
-import subprocess
 
+from pointer import WaylandInput
 from screen import Rect, read_ppm
 from session import Session, desktop_user, wait_until
 
 WIDTH, HEIGHT = 1280, 800
 BAR_HEIGHT = 28
-BUTTONS = {'left': 272, 'right': 273, 'middle': 274}
 
 SWAY_CONFIG = f"""output HEADLESS-1 resolution {WIDTH}x{HEIGHT} position 0 0 bg #3a6ea5 solid_color
 default_border normal
@@ -60,12 +59,7 @@ class SwayDesktop:
                          "sway's IPC socket")[0]
         session.env['SWAYSOCK'] = os.path.join(session.runtime, ipc)
         wait_until(lambda: self._has_owner('org.kde.StatusNotifierWatcher'), 30, "waybar's tray")
-        self.input = subprocess.Popen([os.environ['VORNIX_WAYLAND_INPUT'], str(WIDTH), str(HEIGHT)],
-                                      stdin=subprocess.PIPE, stdout=subprocess.PIPE, env=session.env,
-                                      user=session.user.pw_uid, group=session.user.pw_gid, extra_groups=[])
-        session.processes.append(self.input)
-        if self.input.stdout.readline().strip() != b'ready':
-            raise RuntimeError('the virtual pointer did not start')
+        self.input = WaylandInput(session, WIDTH, HEIGHT)
         # A bar that has drawn its first frame.
         wait_until(lambda: self.grab()[BAR_HEIGHT // 2, 4].tolist() != self.grab()[HEIGHT // 2, 4].tolist(), 20,
                    "waybar's bar")
@@ -76,12 +70,6 @@ class SwayDesktop:
                                check=False)
         return b'true' in out
 
-    def _send(self, command):
-        self.input.stdin.write(command.encode() + b'\n')
-        self.input.stdin.flush()
-        if self.input.stdout.readline().strip() != b'ok':
-            raise RuntimeError(f'the virtual pointer refused "{command}"')
-
     def host_env(self):
         return {}
 
@@ -89,9 +77,7 @@ class SwayDesktop:
         return read_ppm(self.session.run(['grim', '-t', 'ppm', '-']))
 
     def click(self, x, y, button):
-        self._send(f'move {x} {y}')
-        self._send(f'press {BUTTONS[button]}')
-        self._send(f'release {BUTTONS[button]}')
+        self.input.click(x, y, button)
 
     def key(self, name):
         self.session.run(['wtype', '-k', name])
@@ -104,8 +90,9 @@ class SwayDesktop:
 
 
     def popover_window(self):
-        """The host's popover in sway's tree: (rectangle with its border, decorated); None when
-        it is not a window there (a layer surface is not)."""
+        """The host's popover in sway's tree: its rectangle with the border and what makes it an
+        ordinary window (a title bar, a tile); None when it is not a window there (a layer surface
+        is not)."""
         tree = json.loads(self.session.run(['swaymsg', '-t', 'get_tree', '--raw']))
         pid = self.session.host.pid
         found = []
@@ -118,7 +105,9 @@ class SwayDesktop:
         walk(tree)
         for node in found:
             rect = node['rect']
-            return Rect(rect['x'], rect['y'], rect['width'], rect['height']), node.get('border') not in ('none', 'csd')
+            flaws = ([] if node.get('border') in ('none', 'csd') else ['decorated']) + \
+                (['tiled'] if node.get('type') == 'con' else [])
+            return Rect(rect['x'], rect['y'], rect['width'], rect['height']), flaws
         return None
 
     def stop(self):

@@ -182,10 +182,10 @@ class Tour:
         if window is None:
             self.facts.append('not in the compositor\'s window list')
         else:
-            rect, decorated = window
-            self.facts.append(f'window {rect}{" decorated" if decorated else ", undecorated"}')
-            if decorated:
-                self.fail('the popover is a decorated window')
+            rect, flaws = window
+            self.facts.append(f'window {rect}, {", ".join(flaws) or "undecorated"}')
+            if flaws:
+                self.fail('the popover is a window that is ' + ' and '.join(flaws))
 
     def note_latency(self, which, timing):
         """From the injected click to the first screenshot that shows the popover (its first frame

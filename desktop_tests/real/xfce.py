@@ -119,7 +119,7 @@ class XfceDesktop:
                                    env=self.session.env, timeout=10).stdout
             extents = [int(number) for number in re.findall(r'\d+', frame.partition('=')[2])]
             return (Rect(value['Absolute upper-left X'], value['Absolute upper-left Y'], value['Width'],
-                         value['Height']), any(extents))
+                         value['Height']), ['decorated'] if any(extents) else [])
         return None
 
     def stop(self):

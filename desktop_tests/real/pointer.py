@@ -1,0 +1,31 @@
+"""The tier's Wayland input tool (input/wayland_input.cpp) as a person's hands: one device for
+the whole session, run as the session's user."""
+
+import os
+import subprocess
+
+BUTTONS = {'left': 272, 'right': 273, 'middle': 274}
+
+
+class WaylandInput:
+    def __init__(self, session, width, height):
+        self.process = subprocess.Popen([os.environ['VORNIX_WAYLAND_INPUT'], str(width), str(height)],
+                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, env=session.env,
+                                        user=session.user.pw_uid, group=session.user.pw_gid, extra_groups=[])
+        session.processes.append(self.process)
+        if self.process.stdout.readline().strip() != b'ready':
+            raise RuntimeError('the Wayland input tool did not start (see its messages above)')
+
+    def send(self, command):
+        self.process.stdin.write(command.encode() + b'\n')
+        self.process.stdin.flush()
+        if self.process.stdout.readline().strip() != b'ok':
+            raise RuntimeError(f'the Wayland input tool refused "{command}"')
+
+    def click(self, x, y, button):
+        self.send(f'move {x} {y}')
+        self.send(f'press {BUTTONS[button]}')
+        self.send(f'release {BUTTONS[button]}')
+
+    def key(self, code):
+        self.send(f'key {code}')
