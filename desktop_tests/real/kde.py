@@ -8,7 +8,6 @@ import json
 import os
 import shutil
 import struct
-import subprocess
 import sys
 import time
 
@@ -81,14 +80,12 @@ class KdeDesktop:
                        '--no-global-shortcuts', '--no-kactivities', '--socket', 'wayland-vx'], 'kwin', env=kwin_env)
         wait_until(lambda: os.path.exists(os.path.join(session.runtime, 'wayland-vx')), 60, "KWin's Wayland socket")
         session.env['WAYLAND_DISPLAY'] = 'wayland-vx'
+        session.share_with_bus('WAYLAND_DISPLAY', 'QT_QPA_PLATFORM', 'XDG_CURRENT_DESKTOP', 'XDG_SESSION_TYPE')
         wait_until(lambda: self._has_owner('org.kde.KWin'), 60, 'KWin on the bus')
         session.spawn(['kded5'], 'kded5')
         session.spawn(['plasmashell', '--no-respawn'], 'plasmashell')
         wait_until(lambda: self._has_owner('org.kde.StatusNotifierWatcher'), 90, "the tray's watcher (kded5)")
-        self.screen = subprocess.Popen([interpreter, screen_helper, str(WIDTH), str(HEIGHT)],
-                                       stdin=subprocess.PIPE, stdout=subprocess.PIPE, env=session.env,
-                                       user=session.user.pw_uid, group=session.user.pw_gid, extra_groups=[])
-        session.processes.append(self.screen)
+        self.screen = session.helper([interpreter, screen_helper, str(WIDTH), str(HEIGHT)], 'screen')
         self.input = WaylandInput(session, WIDTH, HEIGHT)
         # The panel has drawn when its band differs from the desktop above it, and stays so.
         wait_until(self._panel_drawn, 90, "Plasma's panel", interval=1)
@@ -112,7 +109,7 @@ class KdeDesktop:
         self.screen.stdin.flush()
         header = self.screen.stdout.read(4)
         if len(header) != 4:
-            raise RuntimeError("KWin's screenshot helper ended (see kde-tour.txt)")
+            raise RuntimeError("KWin's screenshot helper ended (see kde-screen.log)")
         (length,) = struct.unpack('>I', header)
         return read_ppm(self.screen.stdout.read(length))
 
@@ -139,11 +136,11 @@ class KdeDesktop:
             out.write(f'var MARK = "{mark}";' + LIST_WINDOWS)
         os.chmod(script, 0o644)
         plugin = f'vornix-list-{mark}'
-        out = self.session.run(['gdbus', 'call', '--session', '--dest', 'org.kde.KWin', '--object-path', '/Scripting',
-                                '--method', 'org.kde.kwin.Scripting.loadScript', script, plugin]).decode()
-        number = int(out.strip('()\n, ').split()[-1].rstrip(','))
-        self.session.run(['gdbus', 'call', '--session', '--dest', 'org.kde.KWin', '--object-path',
-                          f'/Scripting/Script{number}', '--method', 'org.kde.kwin.Script.run'])
+        self.session.run(['gdbus', 'call', '--session', '--dest', 'org.kde.KWin', '--object-path', '/Scripting',
+                          '--method', 'org.kde.kwin.Scripting.loadScript', script, plugin])
+        # Runs the scripts loaded and not yet running: this one.
+        self.session.run(['gdbus', 'call', '--session', '--dest', 'org.kde.KWin', '--object-path', '/Scripting',
+                          '--method', 'org.kde.kwin.Scripting.start'])
         prefix = f'vornix-windows {mark} '
 
         def listed():

@@ -5,6 +5,7 @@ to standard output as a binary PPM preceded by its length (4 bytes, big-endian).
 only programs that a desktop entry grants the interface (the tier's session makes one)."""
 
 import os
+import select
 import struct
 import sys
 
@@ -25,8 +26,14 @@ def capture(bus, width, height):
         GLib.Variant('(iiuua{sv}h)', (0, 0, width, height, {'include-cursor': GLib.Variant('b', False)}, index)),
         GLib.VariantType('(a{sv})'), Gio.DBusCallFlags.NONE, 10000, fds, None)
     (results,) = reply.unpack()
+    # Our copy of the write end, in the list, would keep the pipe open after KWin closes its own.
+    for fd in fds.steal_fds():
+        os.close(fd)
+    print('kwin_screen:', results, file=sys.stderr, flush=True)
     data = bytearray()
     while True:
+        if not select.select([read_end], [], [], 10)[0]:
+            raise SystemExit('kwin_screen: KWin wrote no image in 10 s')
         chunk = os.read(read_end, 1 << 20)
         if not chunk:
             break

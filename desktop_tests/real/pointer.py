@@ -2,19 +2,15 @@
 the whole session, run as the session's user."""
 
 import os
-import subprocess
 
 BUTTONS = {'left': 272, 'right': 273, 'middle': 274}
 
 
 class WaylandInput:
     def __init__(self, session, width, height):
-        self.process = subprocess.Popen([os.environ['VORNIX_WAYLAND_INPUT'], str(width), str(height)],
-                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE, env=session.env,
-                                        user=session.user.pw_uid, group=session.user.pw_gid, extra_groups=[])
-        session.processes.append(self.process)
+        self.process = session.helper([os.environ['VORNIX_WAYLAND_INPUT'], str(width), str(height)], 'input')
         if self.process.stdout.readline().strip() != b'ready':
-            raise RuntimeError('the Wayland input tool did not start (see its messages above)')
+            raise RuntimeError('the Wayland input tool did not start (see its log)')
 
     def send(self, command):
         self.process.stdin.write(command.encode() + b'\n')

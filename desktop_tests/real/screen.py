@@ -106,3 +106,18 @@ def icon_contrast(before, after, rect):
     if not changed.any():
         return 0.0
     return float(numpy.percentile(difference[changed], 90))
+
+
+def moved_from_beside(before, after, rect, reach=64):
+    """Whether what `after` shows in `rect` is what `before` showed a little to the left or right
+    (a panel item that made room for a new one), rather than something new."""
+    rows = slice(rect.y, rect.y + rect.height)
+    now = after[rows, rect.x:rect.x + rect.width].astype(numpy.int16)
+    for dx in range(-reach, reach + 1):
+        x = rect.x + dx
+        if dx == 0 or x < 0 or x + rect.width > before.shape[1]:
+            continue
+        then = before[rows, x:x + rect.width].astype(numpy.int16)
+        if numpy.abs(now - then).max(axis=2).mean() < 4:
+            return True
+    return False

@@ -125,6 +125,16 @@ class Session:
         self.processes.append(process)
         return process
 
+    def helper(self, argv, log):
+        """A tier's helper as the session's user, spoken to through its standard input and output."""
+        user = self.user
+        process = subprocess.Popen(argv, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                   stderr=open(self.path(f'{log}.log'), 'ab'), env=self.env,
+                                   user=user.pw_uid if user else None, group=user.pw_gid if user else None,
+                                   extra_groups=[] if user else None, preexec_fn=_die_with_test)
+        self.processes.append(process)
+        return process
+
     def run(self, argv, timeout=20, check=True, env=None):
         """A short command as the session's user; returns its standard output as bytes."""
         user = self.user
@@ -162,6 +172,13 @@ class Session:
                 if len(fields) >= 8 and fields[0] == 'mc':
                     self.calls.append((float(fields[1]), fields[7].strip(), fields[5], fields[3], fields[4]))
         threading.Thread(target=read, daemon=True).start()
+
+    def share_with_bus(self, *names):
+        """Gives the services the bus starts these variables of the session, known only after the bus."""
+        pairs = ', '.join(f"'{name}': '{self.env[name]}'" for name in names)
+        self.run(['gdbus', 'call', '--session', '--dest', 'org.freedesktop.DBus', '--object-path',
+                  '/org/freedesktop/DBus', '--method', 'org.freedesktop.DBus.UpdateActivationEnvironment',
+                  '{' + pairs + '}'])
 
     def calls_since(self, moment, members):
         return [call for call in list(self.calls) if call[0] >= moment and call[1] in members]
