@@ -21,6 +21,7 @@ KEYSYMS = {'Escape': 0xff1b, 'Shift_L': 0xffe1}
 
 class GnomeDesktop:
     name = 'gnome'
+    lists_windows = False
 
     def __init__(self, artifacts):
         self.size = (WIDTH, HEIGHT)

@@ -39,6 +39,7 @@ print("vornix-windows " + MARK + " " + JSON.stringify(windows));
 
 class KdeDesktop:
     name = 'kde'
+    lists_windows = True
 
     def __init__(self, artifacts):
         self.size = (WIDTH, HEIGHT)

@@ -33,6 +33,7 @@ WAYBAR_CONFIG = json.dumps({
 
 class SwayDesktop:
     name = 'sway'
+    lists_windows = True
 
     def __init__(self, artifacts):
         self.size = (WIDTH, HEIGHT)

@@ -45,6 +45,7 @@ BUTTONS = {'left': '1', 'middle': '2', 'right': '3'}
 
 class XfceDesktop:
     name = 'xfce'
+    lists_windows = True
 
     def __init__(self, artifacts):
         self.size = (WIDTH, HEIGHT)
