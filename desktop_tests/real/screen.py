@@ -97,15 +97,14 @@ def luma(pixels):
     return (0.2126 * pixels[..., 0] + 0.7152 * pixels[..., 1] + 0.0722 * pixels[..., 2]) / 255.0
 
 
-def icon_contrast(before, after, rect):
-    """How far the icon's most distinct pixels are, in luma (0 to 1), from the panel behind them:
-    the 90th percentile of the change over the pixels the icon changed."""
-    area = (slice(rect.y, rect.y + rect.height), slice(rect.x, rect.x + rect.width))
-    difference = numpy.abs(luma(after[area].astype(float)) - luma(before[area].astype(float)))
-    changed = changed_mask(before[area], after[area], 8)
-    if not changed.any():
-        return 0.0
-    return float(numpy.percentile(difference[changed], 90))
+def icon_contrast(image, rect):
+    """How far the icon's most distinct pixels are, in luma (0 to 1), from what is behind it: the
+    98th percentile of the difference from the region's edge colour (the panel or the item's own
+    background, hovered or not) over the region."""
+    area = image[rect.y:rect.y + rect.height, rect.x:rect.x + rect.width].astype(float)
+    edge = numpy.concatenate([area[0], area[-1], area[:, 0], area[:, -1]])
+    background = luma(numpy.median(edge, axis=0))
+    return float(numpy.percentile(numpy.abs(luma(area) - background), 98))
 
 
 def moved_from_beside(before, after, rect, reach=64):
