@@ -76,7 +76,8 @@ class KdeDesktop:
         kwin_env = dict(session.env)
         del kwin_env['QT_QPA_PLATFORM']
         # OpenGL compositing (Mesa's software renderer here): the screenshot effect needs it.
-        kwin_env['QT_LOGGING_RULES'] = 'kwin_scripting.debug=true;KWIN_UTILS.debug=true'  # a script's print() into KWin's log
+        # A script's print() into KWin's log; and which desktop entry granted a helper what.
+        kwin_env['QT_LOGGING_RULES'] = 'kwin_scripting.debug=true;KWIN_UTILS.debug=true'
         session.spawn([kwin, '--virtual', '--width', str(WIDTH), '--height', str(HEIGHT), '--no-lockscreen',
                        '--no-global-shortcuts', '--no-kactivities', '--socket', 'wayland-vx'], 'kwin', env=kwin_env)
         wait_until(lambda: os.path.exists(os.path.join(session.runtime, 'wayland-vx')), 60, "KWin's Wayland socket")
@@ -161,7 +162,8 @@ class KdeDesktop:
         for window in self.windows():
             if window['pid'] == self.session.host.pid and not window['minimized']:
                 rect = Rect(window['x'], window['y'], window['width'], window['height'])
-                flaws = ([] if window['noBorder'] else ['decorated']) + ([] if window['skipTaskbar'] else ['in the taskbar'])
+                flaws = ([] if window['noBorder'] else ['decorated']) + \
+                    ([] if window['skipTaskbar'] else ['in the taskbar'])
                 return rect, flaws
         return None
 

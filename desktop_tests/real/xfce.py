@@ -114,8 +114,8 @@ class XfceDesktop:
         for window in self._windows('--name', '^Vornix OS$'):
             info = subprocess.run(['xwininfo', '-id', window], capture_output=True, text=True,
                                   env=self.session.env, timeout=10).stdout
-            value = {key: int(number) for key, number in re.findall(r'(Absolute upper-left [XY]|Width|Height):\s+(-?\d+)',
-                                                                     info)}
+            fields = re.findall(r'(Absolute upper-left [XY]|Width|Height):\s+(-?\d+)', info)
+            value = {key: int(number) for key, number in fields}
             frame = subprocess.run(['xprop', '-id', window, '_NET_FRAME_EXTENTS'], capture_output=True, text=True,
                                    env=self.session.env, timeout=10).stdout
             extents = [int(number) for number in re.findall(r'\d+', frame.partition('=')[2])]
