@@ -4,8 +4,9 @@
 # visited as a person would: the icon found on the panel, a left click (the popover's place and its
 # latency), a click elsewhere, Escape, a right click (the menu). One verdict line per desktop, then
 # 'N passed, N failed'; screenshots and the desktops' logs in build/real-desktops-artifacts/.
-# Installs its own Debian packages (scripts/real-desktops-packages.txt). Needs root, as the setup
-# scripts do.
+# Installs its own Debian packages (scripts/real-desktops-packages.txt), the host into
+# /tmp/vornix-real-desktops, and makes the system user vornix-desktop for the Wayland desktops (sway
+# refuses root). Needs root, as the setup scripts do.
 #   bash scripts/real-desktops-test.sh [xfce|sway|kde|gnome]...
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -54,9 +55,7 @@ export VORNIX_WAYLAND_INPUT=$prefix/wayland-input VORNIX_PREFIX=$prefix
 
 artifacts=build/real-desktops-artifacts
 rm -rf "$artifacts"
-started=$SECONDS
-status=0
-/usr/bin/python3 desktop_tests/real/run_real_desktops.py --host "$prefix/bin/vornix-host" \
-  --artifacts "$artifacts" "$@" || status=$?
-echo "real desktops: $((SECONDS - started)) s; screenshots in $here/$artifacts"
-exit $status
+echo "real desktops: screenshots and the desktops' logs in $here/$artifacts"
+# Its last line sums up: 'N passed, N failed'.
+exec /usr/bin/python3 desktop_tests/real/run_real_desktops.py --host "$prefix/bin/vornix-host" \
+  --artifacts "$artifacts" "$@"

@@ -72,6 +72,7 @@ def main():
         return 0 if visit(options.desktops[0], host, artifacts) else 1
 
     passed = failed = 0
+    tour_started = time.monotonic()
     for name in options.desktops:
         if name not in DESKTOPS:
             parser.error(f'no desktop named {name}; known: {", ".join(DESKTOPS)}')
@@ -95,6 +96,7 @@ def main():
             passed += 1
         else:
             failed += 1
+    print(f'the desktops took {time.monotonic() - tour_started:.0f} s')
     print(f'{passed} passed, {failed} failed')
     return 0 if failed == 0 else 1
 
