@@ -308,6 +308,11 @@ class Tour:
         self.desktop.key('Escape')
 
     def finish(self):
+        if self.session.host.poll() is not None:
+            self.fail(f'the host ended during the visit (status {self.session.host.returncode})')
+        warnings = [line for line in self.session.host_output().splitlines() if 'WARNING' in line or 'CRITICAL' in line]
+        if warnings:
+            self.facts.append(f'the host warned {len(warnings)} times, first: {warnings[0].strip()[:120]}')
         latency = None
         if self.latencies:
             latency = ', '.join(self.latencies) + f'; a grab takes up to {self.slowest_grab * 1000:.0f} ms'
