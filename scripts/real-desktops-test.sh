@@ -5,7 +5,7 @@
 # latency), a click elsewhere, Escape, a right click (the menu). One verdict line per desktop, then
 # 'N passed, N failed'; screenshots and the desktops' logs in build/real-desktops-artifacts/.
 # Installs its own Debian packages (scripts/real-desktops-packages.txt), the host into
-# /tmp/vornix-real-desktops, and makes the system user vornix-desktop for the Wayland desktops (sway
+# /tmp/vornix-real-desktops (VORNIX_REAL_DESKTOPS_PREFIX names another), and makes the system user vornix-desktop for the Wayland desktops (sway
 # refuses root). Needs root, as the setup scripts do.
 #   bash scripts/real-desktops-test.sh [xfce|sway|kde|gnome]...
 set -euo pipefail
@@ -28,7 +28,7 @@ fi
 
 # The host as built by the test command (or built here), installed as a package installs it, into
 # a prefix that the desktops' sessions add to their data folders (icons, desktop entry).
-prefix=/tmp/vornix-real-desktops
+prefix=${VORNIX_REAL_DESKTOPS_PREFIX:-/tmp/vornix-real-desktops}
 if [[ ! -x build/gcc/bin/vornix-host ]]; then
   bash scripts/bootstrap.sh
   cmake --preset gcc >/dev/null
