@@ -5,8 +5,8 @@
 # latency), a click elsewhere, Escape, a right click (the menu). One verdict line per desktop, then
 # 'N passed, N failed'; screenshots and the desktops' logs in build/real-desktops-artifacts/.
 # Installs its own Debian packages (scripts/real-desktops-packages.txt), the host into
-# /tmp/vornix-real-desktops (VORNIX_REAL_DESKTOPS_PREFIX names another), and makes the system user vornix-desktop for the Wayland desktops (sway
-# refuses root). Needs root, as the setup scripts do.
+# /tmp/vornix-real-desktops (VORNIX_REAL_DESKTOPS_PREFIX names another), and makes the system user
+# vornix-desktop for the Wayland desktops (sway refuses root). Needs root, as the setup scripts do.
 #   bash scripts/real-desktops-test.sh [xfce|sway|kde|gnome]...
 set -euo pipefail
 cd "$(dirname "$0")/.."
