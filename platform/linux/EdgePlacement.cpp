@@ -49,13 +49,19 @@ EdgePlacement placeBesideIcon(std::span<const ScreenArea> outputs, std::optional
     placement.output = static_cast<int>(output - outputs.begin());
     placement.edge = edge;
     placement.atClick = true;
+    // The room across the edge, for the popover and the panel together: the popover stays on the
+    // output even when that means reaching over the panel.
+    int room = 0;
     if (edge == OutputEdge::top || edge == OutputEdge::bottom) {
         placement.from = OutputEdge::left;
         placement.offset = std::clamp(click->x - output->x - width / 2, 0, std::max(0, output->width - width));
+        room = output->height - height;
     } else {
         placement.from = OutputEdge::top;
         placement.offset = std::clamp(click->y - output->y - height / 2, 0, std::max(0, output->height - height));
+        room = output->width - width;
     }
+    placement.inset = std::clamp(2 * distance + iconClearance, 0, std::max(0, room));
     return placement;
 }
 

@@ -175,9 +175,13 @@ void PopupWindow::showBeside(std::optional<GdkPoint> click) {
     const EdgePlacement placement = placeBesideIcon(outputs, point, width, height);
 
     GtkWindow* window = GTK_WINDOW(window_);
+    // At the click, the inset counts from the output's own edge, whatever zones other surfaces
+    // reserve; in the corner, the compositor keeps it clear of the panel's zone.
+    gtk_layer_set_exclusive_zone(window, placement.atClick ? -1 : 0);
     for (const auto edge : {OutputEdge::top, OutputEdge::bottom, OutputEdge::left, OutputEdge::right}) {
+        const int margin = edge == placement.from ? placement.offset : edge == placement.edge ? placement.inset : 0;
         gtk_layer_set_anchor(window, layerEdge(edge), edge == placement.edge || edge == placement.from);
-        gtk_layer_set_margin(window, layerEdge(edge), edge == placement.from ? placement.offset : 0);
+        gtk_layer_set_margin(window, layerEdge(edge), margin);
     }
     GdkMonitor* monitor = outputs.empty() ? nullptr : gdk_display_get_monitor(display, placement.output);
     gtk_layer_set_monitor(window, monitor);
