@@ -34,6 +34,8 @@ WAYBAR_CONFIG = json.dumps({
 class SwayDesktop:
     name = 'sway'
     lists_windows = True
+    # What a left click on the icon opens: the host's popover, through the item's Activate.
+    left_click_opens = 'popover'
 
     def __init__(self, artifacts):
         self.size = (WIDTH, HEIGHT)
