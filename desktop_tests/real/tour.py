@@ -393,7 +393,9 @@ class Tour:
             wait_until(lambda: host.poll() is not None, 5, 'the host to end')
         except SetupError:
             self.keep(self.desktop.grab(), '7-after-quit')
-            self.fail(f'choosing Quit (the {self.shows}\'s last row, {row}) left the host running')
+            called = ', '.join(call[1] for call in self.menu_read_since(chosen)) or 'none'
+            self.fail(f'choosing Quit (the {self.shows}\'s last row, {row}) left the host running '
+                      f'(the panel\'s calls on the host\'s menu since: {called})')
             return
         self.facts.append(f'Quit (the {self.shows}\'s last row, {row}) ended the host in '
                           f'{(time.time() - chosen) * 1000:.0f} ms, status {host.returncode}')
