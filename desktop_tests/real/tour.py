@@ -1,8 +1,9 @@
 """The same visit on every desktop, as a person makes it: start the host, find its icon on the
 panel, click it, see where the popover (or, where the panel draws the item's menu on a left click,
 that menu) opens, click elsewhere, open it again and press Escape, right-click for the menu,
-middle-click, and last choose Quit, which ends a host that runs without an engine. Each step is measured from screenshots (and from the compositor's own
-list of windows where it keeps one); the bus's record says when the panel called the host."""
+middle-click, and last choose Quit, which ends a host that runs without an engine. Each step is
+measured from screenshots (and from the compositor's own list of windows where it keeps one); the
+bus's record says when the panel called the host."""
 
 import os
 import time
