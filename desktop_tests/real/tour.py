@@ -336,14 +336,19 @@ class Tour:
             self.facts.append(f'right click: menu {region}, {region.gap_to(icon)} px from the icon')
         self.desktop.key('Escape')
         if region is not None:
-            self.put_away(before, region, icon)
+            # Reported: the menu is the panel's, and this says whether the key reached the desktop.
+            self.facts.append('Escape closed it' if self.put_away(before, region, icon) else
+                              'Escape left it open')
 
     def put_away(self, before, region, icon):
         """Makes sure what a click showed in `region` is gone (Escape was pressed), by a click
-        elsewhere if need be, so that the next step starts from the bare desktop."""
-        if self.shown_again(before, region, 2) is None:
-            self.desktop.click(*self.elsewhere(region, icon), 'left')
-            self.left_open = self.shown_again(before, region, 3) is None
+        elsewhere if need be, so that the next step starts from the bare desktop. Returns whether
+        Escape sufficed."""
+        if self.shown_again(before, region, 2) is not None:
+            return True
+        self.desktop.click(*self.elsewhere(region, icon), 'left')
+        self.left_open = self.shown_again(before, region, 3) is None
+        return False
 
     def middle_click(self, icon):
         """Reported, not judged: whether a middle click reaches the host (SecondaryActivate) and
