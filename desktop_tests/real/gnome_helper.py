@@ -7,7 +7,10 @@ user. One command a line on standard input:
     key KEYSYM         pressed and released, the same way; answers ok
 The Shell answers screenshot calls only from the bus names it trusts: this process takes one of
 them. A RemoteDesktop session without a screen cast has only relative motion: the pointer is
-first pushed into the top-left corner, then moved by the point's coordinates."""
+first pushed into the bottom-right corner, then moved back to the point. Not the top-left one:
+the pointer resting on the top bar's Activities button while a menu of the bar is open closes
+that menu, as moving along a menu bar does.
+    gnome_helper.py WIDTH HEIGHT"""
 
 import os
 import struct
@@ -25,8 +28,9 @@ def call(bus, name, path, interface, method, arguments=None, reply=None):
 
 
 class Hands:
-    def __init__(self, bus):
+    def __init__(self, bus, width, height):
         self.bus = bus
+        self.corner = (width - 1, height - 1)
         (self.path,) = call(bus, 'org.gnome.Mutter.RemoteDesktop', '/org/gnome/Mutter/RemoteDesktop',
                             'org.gnome.Mutter.RemoteDesktop', 'CreateSession', None, '(o)')
         self.session('Start')
@@ -36,8 +40,9 @@ class Hands:
              arguments)
 
     def click(self, x, y, button):
-        self.session('NotifyPointerMotionRelative', GLib.Variant('(dd)', (-100000.0, -100000.0)))
-        self.session('NotifyPointerMotionRelative', GLib.Variant('(dd)', (float(x), float(y))))
+        self.session('NotifyPointerMotionRelative', GLib.Variant('(dd)', (100000.0, 100000.0)))
+        self.session('NotifyPointerMotionRelative', GLib.Variant('(dd)', (float(x - self.corner[0]),
+                                                                          float(y - self.corner[1]))))
         self.session('NotifyPointerButton', GLib.Variant('(ib)', (button, True)))
         self.session('NotifyPointerButton', GLib.Variant('(ib)', (button, False)))
 
@@ -66,7 +71,7 @@ def main():
                     GLib.Variant('(su)', (TRUSTED_NAME, 4)), '(u)')
     if owned != 1:
         raise SystemExit(f'gnome_helper: could not take {TRUSTED_NAME}')
-    hands = Hands(bus)
+    hands = Hands(bus, int(sys.argv[1]), int(sys.argv[2]))
     target = os.path.join(os.environ['XDG_RUNTIME_DIR'], 'screen.png')
     out = sys.stdout.buffer
     for line in sys.stdin:

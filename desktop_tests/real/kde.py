@@ -40,6 +40,8 @@ print("vornix-windows " + MARK + " " + JSON.stringify(windows));
 class KdeDesktop:
     name = 'kde'
     lists_windows = True
+    # What a left click on the icon opens: the host's popover, through the item's Activate.
+    left_click_opens = 'popover'
 
     def __init__(self, artifacts):
         self.size = (WIDTH, HEIGHT)

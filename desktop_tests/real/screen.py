@@ -120,3 +120,18 @@ def moved_from_beside(before, after, rect, reach=64):
         if numpy.abs(now - then).max(axis=2).mean() < 4:
             return True
     return False
+
+
+def last_row(image, rect, inset=4):
+    """The last line of text in a popover or menu shown in `rect`: the lowest band of pixels that
+    stand out from its background, at least a letter's height (a divider or a border is thinner),
+    as the rectangle of those pixels; None when there is no text."""
+    area = image[rect.y + inset:rect.y + rect.height - inset, rect.x + inset:rect.x + rect.width - inset]
+    background = numpy.median(area.reshape(-1, 3), axis=0)
+    ink = numpy.abs(area.astype(numpy.int16) - background.astype(numpy.int16)).max(axis=2) > 64
+    for y0, y1 in reversed(_runs(ink.any(axis=1), 1)):
+        if y1 - y0 < 6:
+            continue
+        xs = numpy.flatnonzero(ink[y0:y1].any(axis=0))
+        return Rect(rect.x + inset + xs[0], rect.y + inset + y0, xs[-1] - xs[0] + 1, y1 - y0)
+    return None

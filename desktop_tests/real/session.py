@@ -153,6 +153,9 @@ class Session:
         self.env['DBUS_SESSION_BUS_ADDRESS'] = read_line_from(read_end, 20, 'the D-Bus session bus')
         os.close(read_end)
         self._watch_bus()
+        # The calls on the items' menus in full, arguments too, for the artifacts.
+        self.spawn(['dbus-monitor', '--address', self.env['DBUS_SESSION_BUS_ADDRESS'],
+                    "type='method_call',interface='com.canonical.dbusmenu'"], 'menu-calls')
 
     def _watch_bus(self):
         """Records the method calls on the bus with their times, so that the tier can say when

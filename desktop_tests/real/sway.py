@@ -34,6 +34,8 @@ WAYBAR_CONFIG = json.dumps({
 class SwayDesktop:
     name = 'sway'
     lists_windows = True
+    # What a left click on the icon opens: the host's popover, through the item's Activate.
+    left_click_opens = 'popover'
 
     def __init__(self, artifacts):
         self.size = (WIDTH, HEIGHT)
@@ -81,7 +83,10 @@ class SwayDesktop:
         self.input.click(x, y, button)
 
     def key(self, name):
-        self.session.run(['wtype', '-k', name])
+        # Each wtype is a new virtual keyboard: a key sent at once is often lost (Escape reached
+        # the popover about one time in three); sent a moment after the keyboard appeared, it
+        # arrives.
+        self.session.run(['wtype', '-s', '300', '-k', name])
 
     def panel_area(self):
         return Rect(0, 0, WIDTH, BAR_HEIGHT)

@@ -1,7 +1,9 @@
 """The same visit on every desktop, as a person makes it: start the host, find its icon on the
-panel, click it, see where the popover opens, click elsewhere, open it again and press Escape,
-right-click for the menu. Each step is measured from screenshots (and from the compositor's own
-list of windows where it keeps one); the bus's record says when the panel called the host."""
+panel, click it, see where the popover (or, where the panel draws the item's menu on a left click,
+that menu) opens, click elsewhere, open it again and press Escape, right-click for the menu,
+middle-click, and last choose Quit, which ends a host that runs without an engine. Each step is
+measured from screenshots (and from the compositor's own list of windows where it keeps one); the
+bus's record says when the panel called the host."""
 
 import os
 import time
@@ -31,6 +33,10 @@ class Tour:
         self.menu_instead = False
         self.left_open = False
         self.before_popover = None
+        self.host_started = None
+        self.quit_chosen = False
+        # What a left click shows on this desktop, in the verdict's words.
+        self.shows = desktop.left_click_opens
 
     # -- the bus ----------------------------------------------------------------------------------
 
@@ -107,7 +113,7 @@ class Tour:
         desktop = self.desktop
         empty_panel = desktop.grab()
         self.keep(empty_panel, '0-without-host')
-        started = time.time()
+        started = self.host_started = time.time()
         self.session.start_host(self.host, desktop.host_env())
         items = wait_until(self.host_items, 30, "the host's status item on the panel's watcher")
         self.facts.append(f'registered {time.time() - started:.1f} s after start')
@@ -124,6 +130,8 @@ class Tour:
         self.close_by_click_elsewhere(icon)
         self.close_by_escape(icon)
         self.right_click(icon)
+        self.middle_click(icon)
+        self.quit(icon)
         return self.finish()
 
     def find_icon(self, empty_panel):
@@ -172,8 +180,10 @@ class Tour:
             self.keep(self.desktop.grab(), f'{label}-no-popover')
             return None, before, None
         self.keep(image, label)
+        if self.shows == 'menu':
+            return self.menu_opened(region, before, clicked, seen, slowest)
         activated = self.session.calls_since(clicked, {'Activate'})
-        timing = (clicked, seen, slowest, activated[0][0] if activated else None)
+        timing = (clicked, seen, slowest, ('Activate', activated[0][0]) if activated else None)
         time.sleep(0.3)
         if not self.session.calls_since(clicked, {'Activate'}) and self.menu_read_since(clicked):
             self.fail(f'a left click showed the panel\'s menu of the item ({region}), never calling Activate')
@@ -182,21 +192,36 @@ class Tour:
             return None, before, None
         return region, before, timing
 
+    def menu_opened(self, region, before, clicked, seen, slowest):
+        """A left click where the panel answers with the item's menu: the change is that menu when
+        the panel has read the host's menu (its layout) and never called Activate."""
+        time.sleep(0.3)
+        if self.session.calls_since(clicked, {'Activate'}):
+            self.fail('a left click called Activate, where this panel was expected to draw the item\'s menu')
+        if not self.menu_read_since(self.host_started, {'GetLayout'}):
+            self.fail(f'a left click showed {region}, but the panel never read the host\'s menu (no GetLayout)')
+            self.desktop.key('Escape')
+            return None, before, None
+        asked = self.menu_read_since(clicked)
+        return region, before, (clicked, seen, slowest, (asked[0][1], asked[0][0]) if asked else None)
+
     def open_and_measure(self, icon):
         region, before, timing = self.open_popover(icon, '2-popover')
         if region is None:
             if not self.menu_instead:
-                self.fail('a left click on the icon showed no popover')
+                self.fail(f'a left click on the icon showed no {self.shows}')
             return
         self.popover_region, self.before_popover = region, before
         self.popover_image = self.desktop.grab()
         self.note_latency('first', timing)
         gap = region.gap_to(icon)
-        self.facts.append(f'popover {region}, {gap} px from the icon')
+        self.facts.append(f'left click: {self.shows} {region}, {gap} px from the icon')
         if region.overlaps(icon):
-            self.fail(f'the popover {region} covers the icon {icon}')
+            self.fail(f'the {self.shows} {region} covers the icon {icon}')
         elif gap > MAX_GAP:
-            self.fail(f'the popover {region} is {gap} px from the icon {icon}')
+            self.fail(f'the {self.shows} {region} is {gap} px from the icon {icon}')
+        if self.shows == 'menu':
+            return
         window = self.desktop.popover_window()
         if window is None:
             self.facts.append('not in the compositor\'s window list' if self.desktop.lists_windows
@@ -211,10 +236,11 @@ class Tour:
         """From the injected click to the end of the first screenshot that shows the popover: its
         first frame is on screen by then, and at most a grab's time earlier. And when the panel
         called the host."""
-        clicked, seen, slowest, activated = timing
+        clicked, seen, slowest, called = timing
         text = f'{which} <= {(seen - clicked) * 1000:.0f} ms'
-        if activated:
-            text += f' (Activate at {(activated - clicked) * 1000:.0f} ms, then {(seen - activated) * 1000:.0f} ms)'
+        if called:
+            member, moment = called
+            text += f' ({member} at {(moment - clicked) * 1000:.0f} ms, then {(seen - moment) * 1000:.0f} ms)'
         self.latencies.append(text)
         self.slowest_grab = max(self.slowest_grab, slowest)
 
@@ -226,7 +252,7 @@ class Tour:
         self.desktop.click(*elsewhere, 'left')
         if self.shown_again(self.before_popover, popover, 3) is None:
             self.keep(self.desktop.grab(), '3-after-click-elsewhere')
-            self.fail(f'a click elsewhere at {elsewhere} left the popover open')
+            self.fail(f'a click elsewhere at {elsewhere} left the {self.shows} open')
             self.desktop.key('Escape')
             self.left_open = self.shown_again(self.before_popover, popover, 3) is None
 
@@ -245,20 +271,20 @@ class Tour:
 
     def close_by_escape(self, icon):
         if self.left_open:
-            self.fail('neither a click elsewhere nor Escape closed the popover')
+            self.fail(f'neither a click elsewhere nor Escape closed the {self.shows}')
             return
         time.sleep(0.5)  # the panel's own response to the last click (a highlight) is over
         region, before, timing = self.open_popover(icon, '4-popover-again')
         if region is None:
             if not self.menu_instead:
-                self.fail('the second left click showed no popover')
+                self.fail(f'the second left click showed no {self.shows}')
             return
         self.note_latency('again', timing)
         time.sleep(0.3)
         self.desktop.key('Escape')
         if self.shown_again(before, region, 3) is None:
             self.keep(self.desktop.grab(), '4-after-escape')
-            self.fail('Escape left the popover open')
+            self.fail(f'Escape left the {self.shows} open')
             self.desktop.click(*self.elsewhere(region, icon), 'left')
             self.left_open = self.shown_again(before, region, 3) is None
 
@@ -272,17 +298,20 @@ class Tour:
         mask = screen.changed_mask(self.popover_image, image)[area.y:area.y + area.height, area.x:area.x + area.width]
         return mask.mean() < 0.05
 
-    def menu_read_since(self, moment):
-        """The panel's calls, since `moment`, on the host's com.canonical.dbusmenu object."""
-        # The panel may address the host by the item's well-known name or by its unique one.
+    def host_names(self):
+        """The names the panel may address the host by: the item's well-known one or its unique one."""
         names = {self.item_name}
         try:
             names.add(self.gdbus('org.freedesktop.DBus', '/org/freedesktop/DBus', 'org.freedesktop.DBus.GetNameOwner',
                                  self.item_name)[0])
         except SetupError:
             pass
-        return [call for call in self.session.calls_since(moment, {'AboutToShow', 'AboutToShowGroup', 'GetLayout',
-                                                                    'Event', 'EventGroup'})
+        return names
+
+    def menu_read_since(self, moment, members=('AboutToShow', 'AboutToShowGroup', 'GetLayout', 'Event', 'EventGroup')):
+        """The panel's calls, since `moment`, on the host's com.canonical.dbusmenu object."""
+        names = self.host_names()
+        return [call for call in self.session.calls_since(moment, set(members))
                 if call[2] == self.menu_path and call[4] in names]
 
     def right_click(self, icon):
@@ -299,16 +328,88 @@ class Tour:
         asked = self.menu_read_since(clicked)
         if region is None:
             self.fail('a right click showed nothing')
-        elif self.popover_shows(image):
+        elif self.shows == 'popover' and self.popover_shows(image):
             self.fail('a right click opened the popover, not a menu')
         elif not asked:
             self.fail(f'a right click showed {region}, but the panel never read the host\'s menu')
         else:
-            self.facts.append(f'menu {region}, {region.gap_to(icon)} px from the icon')
+            self.facts.append(f'right click: menu {region}, {region.gap_to(icon)} px from the icon')
         self.desktop.key('Escape')
+        if region is not None:
+            # Reported: the menu is the panel's, and this says whether the key reached the desktop.
+            self.facts.append('Escape closed it' if self.put_away(before, region, icon) else
+                              'Escape left it open')
+
+    def put_away(self, before, region, icon):
+        """Makes sure what a click showed in `region` is gone (Escape was pressed), by a click
+        elsewhere if need be, so that the next step starts from the bare desktop. Returns whether
+        Escape sufficed."""
+        if self.shown_again(before, region, 2) is not None:
+            return True
+        self.desktop.click(*self.elsewhere(region, icon), 'left')
+        self.left_open = self.shown_again(before, region, 3) is None
+        return False
+
+    def middle_click(self, icon):
+        """Reported, not judged: whether a middle click reaches the host (SecondaryActivate) and
+        what it shows."""
+        if self.left_open:
+            return
+        time.sleep(0.5)
+        before = self.desktop.grab()
+        clicked = time.time()
+        self.desktop.click(*icon.centre, 'middle')
+        x, y = icon.centre
+        region, image, _, _ = self.wait_for_change(before, (40, 40), 3, (
+            screen.Rect(icon.x - 4, icon.y - 4, icon.width + 8, icon.height + 8), screen.Rect(x - 4, y - 4, 32, 40)))
+        time.sleep(0.3)
+        names = self.host_names()
+        called = [call for call in self.session.calls_since(clicked, {'SecondaryActivate'}) if call[4] in names]
+        text = 'middle click: ' + ('SecondaryActivate reached the host' if called else 'no SecondaryActivate')
+        if region is None:
+            text += ', nothing shown'
+        else:
+            self.keep(image, '6-middle-click')
+            text += f', showed {region}, {region.gap_to(icon)} px from the icon'
+            self.desktop.key('Escape')
+            self.put_away(before, region, icon)
+        self.facts.append(text)
+
+    def quit(self, icon):
+        """Chooses Quit, the last row of the popover (or of the menu a left click shows): a host
+        without an engine ends."""
+        if self.left_open:
+            self.fail('Quit is not tried: what the clicks showed could not be closed')
+            return
+        time.sleep(0.5)
+        region, _, timing = self.open_popover(icon, '7-before-quit')
+        if region is None:
+            self.fail(f'Quit is not tried: a left click showed no {self.shows}')
+            return
+        self.note_latency('third', timing)
+        row = screen.last_row(self.desktop.grab(), region)
+        if row is None:
+            self.fail(f'no rows found in the {self.shows} {region} to choose Quit from')
+            return
+        chosen = time.time()
+        self.desktop.click(*row.centre, 'left')
+        self.quit_chosen = True
+        host = self.session.host
+        try:
+            wait_until(lambda: host.poll() is not None, 5, 'the host to end')
+        except SetupError:
+            self.keep(self.desktop.grab(), '7-after-quit')
+            called = ', '.join(call[1] for call in self.menu_read_since(chosen)) or 'none'
+            self.fail(f'choosing Quit (the {self.shows}\'s last row, {row}) left the host running '
+                      f'(the panel\'s calls on the host\'s menu since: {called})')
+            return
+        self.facts.append(f'Quit (the {self.shows}\'s last row, {row}) ended the host in '
+                          f'{(time.time() - chosen) * 1000:.0f} ms, status {host.returncode}')
+        if host.returncode != 0:
+            self.fail(f'choosing Quit ended the host with status {host.returncode}')
 
     def finish(self):
-        if self.session.host.poll() is not None:
+        if not self.quit_chosen and self.session.host.poll() is not None:
             self.fail(f'the host ended during the visit (status {self.session.host.returncode})')
         warnings = [line for line in self.session.host_output().splitlines() if 'WARNING' in line or 'CRITICAL' in line]
         if warnings:

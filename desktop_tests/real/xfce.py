@@ -46,6 +46,8 @@ BUTTONS = {'left': '1', 'middle': '2', 'right': '3'}
 class XfceDesktop:
     name = 'xfce'
     lists_windows = True
+    # What a left click on the icon opens: the host's popover, through the item's Activate.
+    left_click_opens = 'popover'
 
     def __init__(self, artifacts):
         self.size = (WIDTH, HEIGHT)
