@@ -651,7 +651,9 @@ def on_sway_the_popover_is_a_layer_surface_beside_the_icon_and_closes_like_a_men
         left, top, width, height = area
         assert top == 0 and left + width == WIDTH, f'not in the top right corner: {area}'
 
-        sway.click(300, 500)
+        # Held down a while, as a person's click is: the popover closes on the release, and the
+        # next press on one of its rows is that row's (below).
+        sway.click(300, 500, held=0.3)
         wait_until(lambda: sway.drawn_area('after-a-click-elsewhere') is None, 10,
                    'a click elsewhere to close the popover')
         assert desktop.host.poll() is None, 'the host ended'
@@ -663,6 +665,11 @@ def on_sway_the_popover_is_a_layer_surface_beside_the_icon_and_closes_like_a_men
         print('opened at the top:', area)
         assert area[1] == 2 * 12 + 12 and area[0] <= 700 < area[0] + area[2], f'not under the click: {area}'
         assert 'Vornix OS' not in sway.windows()
+
+        # Its last row, "Quit", does what it says: the engine is asked to quit.
+        left, top, width, height = area
+        sway.click(left + 40, top + height - 18)
+        assert session.engine.wait_for_call(UI, 'quit') is None
     finally:
         session.close()
         sway.stop()

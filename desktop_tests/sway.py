@@ -13,6 +13,7 @@ import socket
 import struct
 import subprocess
 import tempfile
+import time
 
 from harness import SetupError, wait_until
 
@@ -151,9 +152,11 @@ class Sway:
     def _seat_has(self, kind):
         return any(device.get('type') == kind for device in self.message('-t', 'get_inputs'))
 
-    def click(self, x, y):
+    def click(self, x, y, held=0.0):
+        """A left click at (x, y), the button held down for `held` seconds."""
         self.input.pointer(int(x), int(y), 0)
         self.input.pointer(int(x), int(y), 1)
+        time.sleep(held)
         self.input.pointer(int(x), int(y), 0)
 
     def press_key(self, key):

@@ -212,12 +212,15 @@ void PopupWindow::makeCatcher() {
                             GTK_LAYER_SHELL_EDGE_RIGHT}) {
         gtk_layer_set_anchor(catcher, edge, TRUE);
     }
-    gtk_widget_add_events(catcher_, GDK_BUTTON_PRESS_MASK);
-    g_signal_connect(catcher_, "button-press-event", G_CALLBACK(onCatcherPress), this);
+    // It closes on the release, not the press: hidden between the two, it would never see the
+    // release, and GDK would keep the press's implicit grab on it and hand it the next press
+    // anywhere, one on the popover's own rows included.
+    gtk_widget_add_events(catcher_, GDK_BUTTON_PRESS_MASK | GDK_BUTTON_RELEASE_MASK);
+    g_signal_connect(catcher_, "button-release-event", G_CALLBACK(onCatcherRelease), this);
     g_signal_connect(catcher_, "draw", G_CALLBACK(onCatcherDraw), this);
 }
 
-gboolean PopupWindow::onCatcherPress(GtkWidget*, GdkEventButton*, gpointer self) {
+gboolean PopupWindow::onCatcherRelease(GtkWidget*, GdkEventButton*, gpointer self) {
     static_cast<PopupWindow*>(self)->close();
     return TRUE;
 }

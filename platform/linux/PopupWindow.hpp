@@ -57,7 +57,7 @@ private:
     static gboolean onGrabBroken(GtkWidget* widget, GdkEvent* event, gpointer self);
     static gboolean onMapped(GtkWidget* widget, GdkEvent* event, gpointer self);
     static gboolean onFocusOut(GtkWidget* widget, GdkEventFocus* event, gpointer self);
-    static gboolean onCatcherPress(GtkWidget* widget, GdkEventButton* event, gpointer self);
+    static gboolean onCatcherRelease(GtkWidget* widget, GdkEventButton* event, gpointer self);
     static gboolean onCatcherDraw(GtkWidget* widget, cairo_t* cairo, gpointer self);
 
     void makeCatcher();
