@@ -59,7 +59,9 @@ def cut_down_to_build_root(control):
     os.chmod('/usr/sbin/policy-rc.d', 0o755)
     output(['apt-mark', 'auto', *everything])
     output(['apt-mark', 'manual', *kept])
-    environment = dict(os.environ, DEBIAN_FRONTEND='noninteractive')
+    # sudo's removal script refuses while root has no password (a machine with a desktop
+    # installed has sudo); in this throwaway copy nobody needs it.
+    environment = dict(os.environ, DEBIAN_FRONTEND='noninteractive', SUDO_FORCE_REMOVE='yes')
     subprocess.run(['apt-get', '-y', '-q', 'autoremove', '--purge',
                     '-o', 'APT::AutoRemove::RecommendsImportant=false',
                     '-o', 'APT::AutoRemove::SuggestsImportant=false'],
