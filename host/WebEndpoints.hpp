@@ -14,7 +14,8 @@ struct WebEndpoints {
     // The release feed (an appcast) the updater reads, on the update site.
     std::string updateFeed = "https://updates.vornix.com/appcast.xml";
     // The public half of the Ed25519 key every update in the feed is signed with (base64 of its 32
-    // bytes): the updater installs only an update whose signature this key verifies.
+    // bytes): the updater installs only an update whose signature this key verifies. A development
+    // key whose private half was not kept: the release key replaces it (docs/MACOS.md).
     std::string updatePublicKey = "kvqqaFRTdmOQH4nr6zMEO+MwxzlxnZZ1jX9pp/7a+xI=";
 };
 
