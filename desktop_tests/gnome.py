@@ -53,7 +53,7 @@ class Gnome:
         desktop._spawn(['dbus-daemon', f'--config-file={config}', '--nofork', f'--print-address={write_end}'],
                        pass_fds=[write_end], log='system-bus')
         os.close(write_end)
-        system_bus = harness._read_line_from(read_end, 20, 'the system bus')
+        system_bus = harness.read_line_from(read_end, 20, 'the system bus')
         os.close(read_end)
         settings = os.path.join(desktop.env['XDG_CONFIG_HOME'], 'glib-2.0', 'settings')
         os.makedirs(settings, exist_ok=True)

@@ -48,7 +48,7 @@ def _sanitizer_reported(path):
     return any(marker in text for marker in SANITIZER_REPORTS)
 
 
-def _read_line_from(fd, timeout, what):
+def read_line_from(fd, timeout, what):
     deadline = time.monotonic() + timeout
     data = b''
     while not data.endswith(b'\n'):
@@ -140,7 +140,7 @@ class Desktop:
         self._spawn(['Xvfb', '-displayfd', str(write_end), '-screen', '0', '1280x800x24', '-nolisten', 'tcp',
                      '-noreset'], pass_fds=[write_end], log='xvfb')
         os.close(write_end)
-        display = _read_line_from(read_end, 20, 'Xvfb')
+        display = read_line_from(read_end, 20, 'Xvfb')
         os.close(read_end)
         self.env['DISPLAY'] = ':' + display
 
@@ -148,7 +148,7 @@ class Desktop:
         self._spawn(['dbus-daemon', f'--config-file={self._write_bus_config()}', '--nofork',
                      f'--print-address={write_end}'], pass_fds=[write_end], log='dbus')
         os.close(write_end)
-        self.env['DBUS_SESSION_BUS_ADDRESS'] = _read_line_from(read_end, 20, 'the D-Bus session bus')
+        self.env['DBUS_SESSION_BUS_ADDRESS'] = read_line_from(read_end, 20, 'the D-Bus session bus')
         os.close(read_end)
         if current:
             # The test itself talks to this desktop: accessibility, D-Bus, screenshots, input.

@@ -14,6 +14,8 @@ import traceback
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path.insert(0, HERE)
+# The desktop tests' harness, which the tier's sessions share a few helpers with.
+sys.path.insert(1, os.path.dirname(HERE))
 
 # In the order they are brought up: the quickest first.
 DESKTOPS = {

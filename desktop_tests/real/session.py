@@ -5,7 +5,6 @@ times, and the host started as a person starts it (no engine, no test switch).""
 import ctypes
 import os
 import pwd
-import select
 import shutil
 import signal
 import subprocess
@@ -13,14 +12,15 @@ import tempfile
 import threading
 import time
 
+# Shared with the desktop tests (run_real_desktops.py puts their folder on the path): the setup
+# error (here: the desktop did not come up; the verdict says what was missing) and the reader of
+# the line a starting server writes to a pipe.
+from harness import SetupError, read_line_from
+
 _PR_SET_PDEATHSIG = 1
 
 # sway refuses to run as root; the Wayland desktops run as this user, made on first use.
 DESKTOP_USER = 'vornix-desktop'
-
-
-class SetupError(Exception):
-    """The desktop did not come up; the verdict says what was missing."""
 
 
 def wait_until(condition, timeout, what, interval=0.05):
@@ -37,20 +37,6 @@ def wait_until(condition, timeout, what, interval=0.05):
 def _die_with_test():
     # Set after the change of user, which clears it: no desktop outlives the tier's process.
     ctypes.CDLL(None, use_errno=True).prctl(_PR_SET_PDEATHSIG, signal.SIGTERM)
-
-
-def read_line_from(fd, timeout, what):
-    deadline = time.monotonic() + timeout
-    data = b''
-    while not data.endswith(b'\n'):
-        left = deadline - time.monotonic()
-        if left <= 0 or not select.select([fd], [], [], left)[0]:
-            raise SetupError(f'{what} did not start in {timeout:.0f} s')
-        chunk = os.read(fd, 256)
-        if not chunk:
-            raise SetupError(f'{what} exited while starting')
-        data += chunk
-    return data.decode().strip()
 
 
 def desktop_user():
