@@ -66,6 +66,18 @@ std::vector<std::string> expectedTexts(const std::vector<std::string>& account) 
     return texts;
 }
 
+// The button whose label is `text`, or nil.
+NSButton* buttonLabelled(NSStackView* view, const std::string& text) {
+    for (NSStackView* rowView in view.arrangedSubviews) {
+        NSView* content = rowView.arrangedSubviews.firstObject;
+        if ([content isKindOfClass:[NSButton class]] &&
+            vornix::platform::macos::toString(content.accessibilityLabel) == text) {
+            return static_cast<NSButton*>(content);
+        }
+    }
+    return nil;
+}
+
 TEST(AppKitPopoverView, ShowsTheRowsOfASignInAndASignOut) {
     vornix::platform::macos::AppKitPopoverView view;
     const auto layout = ContentView::layout();
@@ -81,6 +93,26 @@ TEST(AppKitPopoverView, ShowsTheRowsOfASignInAndASignOut) {
     EXPECT_EQ(shownTexts(stack), expectedTexts({"Sign In..."}));
     EXPECT_EQ(stack.arrangedSubviews.count, rowsFor(false, "").size());
     EXPECT_GT(stack.frame.size.height, 0.0);
+}
+
+// A row the core disables (an engine's command with no engine) is a button that cannot be pressed;
+// enabled again, it can.
+TEST(AppKitPopoverView, DrawsARowTheCoreDisablesAsADisabledButton) {
+    vornix::platform::macos::AppKitPopoverView view;
+    const auto layout = ContentView::layout();
+    auto* stack = static_cast<NSStackView*>(view.view());
+    auto rows = rowsFor(false, "");
+    for (PopoverRow& row : rows) {
+        row.isEnabled = row.text != "About";
+    }
+
+    view.render(layout, rows);
+    ASSERT_NE(buttonLabelled(stack, "About"), nil);
+    EXPECT_FALSE(buttonLabelled(stack, "About").enabled);
+    EXPECT_TRUE(buttonLabelled(stack, "Quit").enabled);
+
+    view.render(layout, rowsFor(false, ""));
+    EXPECT_TRUE(buttonLabelled(stack, "About").enabled);
 }
 
 }  // namespace
